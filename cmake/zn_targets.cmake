@@ -1,0 +1,30 @@
+# Compile options of all our own code; third-party code (GoogleTest) does not link this.
+add_library(zn_options INTERFACE)
+target_compile_options(zn_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                            -Wno-sign-conversion -Werror)
+target_include_directories(zn_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
+if(ZN_TRACE)
+  target_compile_definitions(zn_options INTERFACE ZN_TRACE=1)
+endif()
+if(WIN32)
+  # ANSI calls throughout: the texts of this system are in the ANSI code page.
+  target_compile_definitions(zn_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
+                                                  _WIN32_WINNT=0x0601)
+  # Format checking knows the msvcrt formats only with this; casts of GetProcAddress are wanted.
+  target_compile_options(zn_options INTERFACE -Wno-cast-function-type -ffunction-sections
+                                              -fdata-sections)
+  target_link_options(zn_options INTERFACE -static -Wl,--gc-sections -Wl,--dynamicbase
+                                           -Wl,--nxcompat -Wl,--high-entropy-va)
+endif()
+
+# zn_test(NAME SOURCES... [LIBS libs...]): one GoogleTest program, run as one ctest entry.
+function(zn_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE zn_options ${ARG_LIBS} GTest::gmock_main)
+  add_test(NAME ${name} COMMAND ${name})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 300)
+  endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+endfunction()

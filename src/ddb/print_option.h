@@ -1,0 +1,6 @@
+// placeholder
+#pragma once
+namespace ddb {
+class CPrintOption;
+class CPrintOptionEx;
+}  // namespace ddb

@@ -1,0 +1,34 @@
+// Owners for the Windows resources of this system: one alias per kind, released on every path.
+#pragma once
+
+#include <prsht.h>
+#include <windows.h>
+#include <winspool.h>
+
+#include <commctrl.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace zn {
+
+template <auto Close>
+struct Closer {
+  template <class Handle>
+  void operator()(Handle handle) const noexcept {
+    Close(handle);
+  }
+};
+
+template <class Handle, auto Close>
+using Unique = std::unique_ptr<std::remove_pointer_t<Handle>, Closer<Close>>;
+
+using UniqueKey = Unique<HKEY, &::RegCloseKey>;
+using UniquePrinter = Unique<HANDLE, &::ClosePrinter>;
+using UniqueModule = Unique<HMODULE, &::FreeLibrary>;
+using UniqueBitmap = Unique<HBITMAP, &::DeleteObject>;
+using UniqueFont = Unique<HFONT, &::DeleteObject>;
+using UniqueIcon = Unique<HICON, &::DestroyIcon>;
+using UniqueImageList = Unique<HIMAGELIST, &::ImageList_Destroy>;
+
+}  // namespace zn

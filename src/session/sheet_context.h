@@ -1,0 +1,73 @@
+// SheetContext: all data of one open document sheet. Lives on the core driver's heap from the
+// filling call of CommonUIProp until the sheet is destroyed; every page finds it in its window.
+#pragma once
+
+#include "platform/driver_interfaces.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "oemps/devmode.h"
+#include "session/keyword_ids.h"
+
+namespace zn {
+
+// One row of the option selection table. Values are option indexes, or plain numbers for the
+// standard items that count (copies, scale, custom sizes).
+struct OptionSelection {
+  std::uint32_t defaultSelection;
+  std::uint32_t currentSelection;
+  std::uint32_t lastWritten;  // what the core driver's item was last told
+};
+
+enum class JobNameMode : std::uint32_t { Automatic = 0, Entered = 1 };
+
+// Base of what a later part of the plug-in hangs on the sheet (favourites, image lists);
+// destroyed with the sheet.
+struct SheetAttachment {
+  virtual ~SheetAttachment() = default;
+};
+
+struct SheetContext {
+  HANDLE hOEMHeap;  // first field: the deleter frees the record on this heap
+
+  // What the core driver handed over; none of it is owned.
+  CDevMode* pDevMode;  // the core driver's buffer with this job's settings block
+  DEVMODEW* pPublicDM;
+  HANDLE hPrinter;
+  HWND driverWindow;  // the driver's parent window
+  IPrintOemDriverUI* pOEMHelp;
+  OEMUIOBJ* poemuiobj;
+  HANDLE hComPropSheet;
+  PFNCOMPROPSHEET pfnComPropSheet;
+  LONG_PTR hLastPage;  // what adding the job page returned
+  OPTITEM* pDrvOptItems;
+  DWORD cDrvOptItems;
+  DWORD dwFlags;  // DM_ flags of the sheet
+
+  HWND activePage;  // getters read live controls only of this page
+
+  std::array<OPTITEM*, KW_MAX> items;  // null: the printer has no such option
+  std::array<OptionSelection, KW_MAX> options;
+
+  // The sheet's own copy of the job values; commit writes it back to *pDevMode.
+  CDevMode jobValues;
+
+  JobNameMode jobNameMode;
+  char jobName[256];
+  char deviceProfilePath[260];  // profile name, as the option setting dialog returns it
+  bool hasPageOrder;            // the core driver offers a page-order item
+  bool rawOnly;                 // 1 when the printer lacks PRINTER_ATTRIBUTE_RAW_ONLY
+  bool mayChangeSettings;       // first sheet flag of the advanced tree
+  bool treeReadOnlyFlag;        // second sheet flag of the advanced tree; always set
+
+  std::unique_ptr<SheetAttachment> favorites;
+
+  [[nodiscard]] std::uint32_t Current(KeywordId id) const { return options[id].currentSelection; }
+  [[nodiscard]] std::uint32_t Default(KeywordId id) const { return options[id].defaultSelection; }
+  void SetCurrent(KeywordId id, std::uint32_t value) { options[id].currentSelection = value; }
+  void RestoreDefault(KeywordId id) { SetCurrent(id, Default(id)); }
+};
+
+}  // namespace zn

@@ -1,0 +1,37 @@
+// zninspect: what does this settings block, profile, favourite or keyword say?
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "tools/commands.h"
+
+namespace zn::inspect {
+
+int Fail(int code, std::string_view message) {
+  std::fprintf(stderr, "zninspect: %.*s\n", static_cast<int>(message.size()), message.data());
+  return code;
+}
+
+namespace {
+
+constexpr std::array<Command, 0> kCommands{{}};
+
+}  // namespace
+}  // namespace zn::inspect
+
+int main(int argc, char** argv) {
+  using namespace zn::inspect;
+  const Arguments words(argv, static_cast<std::size_t>(argc));
+  if (words.size() >= 2) {
+    for (const Command& command : kCommands) {
+      if (command.name == words[1]) {
+        return command.run(words.subspan(2));
+      }
+    }
+  }
+  std::string usage = "usage:";
+  for (const Command& command : kCommands) {
+    usage.append(" zninspect ").append(command.name).append(" ").append(command.usage).append(";");
+  }
+  return Fail(kUsage, usage);
+}
