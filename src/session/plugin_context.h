@@ -1,0 +1,18 @@
+// The process-wide plug-in context: which document sheet is open. Plain data of the one
+// user-interface thread; only one document sheet may be open per process.
+#pragma once
+
+#include <windows.h>
+
+#include "session/sheet_context.h"
+
+namespace zn {
+
+struct PlugInContext {
+  HINSTANCE instance;   // the resource instance
+  SheetContext* sheet;  // null: no sheet is prepared
+};
+
+[[nodiscard]] PlugInContext& ThePlugInContext() noexcept;
+
+}  // namespace zn
