@@ -1,0 +1,28 @@
+"""What each measured work may cost: one row per judged pair of benchmarks.
+
+The ratio of a row is the time of `ours` over the time of `reference`, both measured in one run.
+A row that compares a work with itself at another size says that the work grows linearly.
+"""
+
+from typing import NamedTuple
+
+
+class Budget(NamedTuple):
+    work: str
+    ours: str
+    reference: str
+    ratio: float
+
+
+BUDGETS = [
+    Budget("merge a defaulted block", "merge/defaulted", "merge/memcpy", 5),
+    Budget("merge a block with all texts full", "merge/full", "merge/memcpy", 5),
+    Budget("load a full favourite / GKeyFile", "favorites/load", "favorites/load_gkeyfile", 1 / 4),
+    Budget("load a full favourite / inih", "favorites/load", "favorites/load_inih", 1),
+    Budget("load and save / GKeyFile", "favorites/save_fresh", "favorites/save_gkeyfile", 1 / 3),
+    Budget("re-save over old items / GKeyFile", "favorites/resave", "favorites/save_gkeyfile", 1),
+    Budget("10,000 favourites / 1,000", "favorites/folder_10000", "favorites/folder_1000", 12),
+    Budget("restriction check / libcups", "restriction/check", "restriction/libcups", 1 / 20),
+    Budget("profile of 100,000 lines / memchr", "profile/lines_100000", "profile/memchr_100000", 5),
+    Budget("profile, 100,000 lines / 10,000", "profile/lines_100000", "profile/lines_10000", 12),
+]
