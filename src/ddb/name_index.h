@@ -1,0 +1,77 @@
+// A compile-time index over the names of a table: finds in one or two steps the row that an ordered
+// search would find first.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace ddb {
+
+constexpr char UpperCase(char c) noexcept {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) {
+    return false;
+  }
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (UpperCase(a[i]) != UpperCase(b[i])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// kSlots: a power of two, well above the number of rows.
+template <std::size_t kSlots>
+class NameIndex {
+ public:
+  template <class Table>
+  constexpr explicit NameIndex(const Table& table) {
+    static_assert((kSlots & (kSlots - 1)) == 0);
+    std::uint16_t row = 0;
+    for (const auto& entry : table) {
+      std::size_t slot = Hash(entry.name) % kSlots;
+      while (rows_[slot] != kFree) {
+        slot = (slot + 1) % kSlots;
+      }
+      rows_[slot] = row++;
+    }
+  }
+
+  // The row whose name `equal` accepts, or null.
+  template <class Table, class Equal>
+  constexpr const typename Table::value_type* Find(const Table& table, std::string_view name,
+                                                   Equal equal) const noexcept {
+    for (std::size_t slot = Hash(name) % kSlots; rows_[slot] != kFree; slot = (slot + 1) % kSlots) {
+      if (const auto& entry = table[rows_[slot]]; equal(entry.name, name)) {
+        return &entry;
+      }
+    }
+    return nullptr;
+  }
+
+ private:
+  static constexpr std::uint16_t kFree = 0xFFFF;
+
+  static constexpr std::uint32_t Hash(std::string_view name) noexcept {
+    std::uint32_t hash = 2166136261U;
+    for (const char c : name) {
+      hash = (hash ^ static_cast<unsigned char>(UpperCase(c))) * 16777619U;
+    }
+    return hash ^ (hash >> 15);
+  }
+
+  static constexpr std::array<std::uint16_t, kSlots> AllFree() {
+    std::array<std::uint16_t, kSlots> rows{};
+    rows.fill(kFree);
+    return rows;
+  }
+
+  std::array<std::uint16_t, kSlots> rows_ = AllFree();
+};
+
+}  // namespace ddb
