@@ -50,6 +50,8 @@ enum : DWORD { OEMCUIP_DOCPROP = 1, OEMCUIP_PRNPROP = 2 };
 // QueryColorProfile query modes and result flags.
 enum : ULONG { QCP_DEVICEPROFILE = 0, QCP_SOURCEPROFILE = 1 };
 enum : FLONG { QCP_PROFILEMEMORY = 1, QCP_PROFILEDISK = 2 };
+// Printer events.
+inline constexpr INT kPrinterEventDelete = 4;
 // Device sheet flag: the user may view, not change.
 inline constexpr DWORD DPS_NOPERMISSION = 1;
 

@@ -1,0 +1,104 @@
+#include "oemps/satellite.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "platform/resources.h"
+#include "session/plugin_context.h"
+
+namespace zn {
+namespace {
+
+std::int32_t g_liveObjects = 0;
+
+struct CodePageLanguage {
+  UINT codePage;
+  LANGID language;
+};
+
+constexpr CodePageLanguage kCodePageLanguages[] = {
+    {932, MAKELANGID(LANG_JAPANESE, SUBLANG_DEFAULT)},
+    {936, MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED)},
+    {949, MAKELANGID(LANG_KOREAN, SUBLANG_DEFAULT)},
+    {950, MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL)},
+    {1252, MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)},
+};
+
+LCID LocaleOf(LANGID language) noexcept {
+  return ::ConvertDefaultLocale(MAKELCID(language, SORT_DEFAULT));
+}
+
+LCID PrimaryLocaleOf(LANGID language) noexcept {
+  return LocaleOf(MAKELANGID(PRIMARYLANGID(language), SUBLANG_NEUTRAL));
+}
+
+LCID CodePageLocale() noexcept {
+  const auto row = std::ranges::find(kCodePageLanguages, ::GetACP(), &CodePageLanguage::codePage);
+  return row != std::end(kCodePageLanguages) ? LocaleOf(row->language) : LOCALE_SYSTEM_DEFAULT;
+}
+
+std::string ModulePath() {
+  std::array<char, 260> path;
+  const DWORD length = ::GetModuleFileNameA(ModuleInstance(), path.data(), path.size());
+  return length < path.size() ? std::string(path.data(), length) : std::string();
+}
+
+HMODULE LoadSatellite() {
+  const std::string path = ModulePath();
+  if (path.empty()) {
+    return nullptr;
+  }
+  for (const std::string& candidate : SatelliteCandidates(path)) {
+    if (const HMODULE module = ::LoadLibraryA(candidate.c_str())) {
+      return module;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::vector<std::string> SatelliteCandidates(const std::string& modulePath) {
+  const std::string stem = modulePath.substr(0, modulePath.rfind('.'));
+  const LANGID user = ::GetUserDefaultUILanguage();
+  const LANGID system = ::GetSystemDefaultUILanguage();
+  std::vector<std::string> candidates;
+  for (const LCID locale : {LocaleOf(user), PrimaryLocaleOf(user), LocaleOf(system),
+                            PrimaryLocaleOf(system), CodePageLocale()}) {
+    char tag[16];
+    if (::GetLocaleInfoA(locale, LOCALE_SABBREVLANGNAME, tag, sizeof tag) == 0) {
+      continue;
+    }
+    std::string candidate = stem + tag + ".dll";
+    if (std::ranges::find(candidates, candidate) == candidates.end()) {
+      candidates.push_back(std::move(candidate));
+    }
+  }
+  return candidates;
+}
+
+void AddLiveObject() noexcept {
+  if (g_liveObjects <= 0) {
+    try {
+      SetSatelliteInstance(LoadSatellite());
+    } catch (...) {
+      SetSatelliteInstance(nullptr);  // out of memory: the plug-in's own resources serve
+    }
+  }
+  ++g_liveObjects;
+  ThePlugInContext().instance = ResourceInstance();
+}
+
+void RemoveLiveObject() noexcept {
+  if (--g_liveObjects > 0) {
+    return;
+  }
+  if (const HINSTANCE satellite = SatelliteInstance()) {
+    SetSatelliteInstance(nullptr);
+    ThePlugInContext().instance = ResourceInstance();
+    ::FreeLibrary(satellite);
+  }
+}
+
+}  // namespace zn
