@@ -12,6 +12,7 @@
 namespace zn {
 
 inline constexpr std::uint32_t kDevModeSize = 9328;
+inline constexpr std::uint32_t kDevModeHeaderSize = 12;
 inline constexpr std::uint32_t kDevModeSignature = 0x4D534654;  // "TFSM" in memory
 inline constexpr std::uint32_t kDevModeVersion = 2;
 
@@ -26,17 +27,18 @@ enum class Repair : std::uint8_t {
   Comment,   // as Controls, but CR LF pairs stay
 };
 
-// One row per field, in offset order without gaps.
+// One row per field, in offset order without gaps. Lengths are in hundredths of a millimetre.
 struct DevModeField {
   std::uint16_t offset;
   std::uint16_t width;  // bytes
   FieldKind kind;
-  std::uint32_t defaultValue;
   Repair repair;
+  bool hasDefault;            // defaulting writes `defaultValue` (a text: empties it)
+  std::uint8_t privateWidth;  // bits that a private access writes and reads: 16 or 32
+  std::uint16_t copyBound;    // most bytes that a copy takes; 0: not copied
+  std::uint16_t privateId;    // 4301..4355; 0: none
+  std::uint32_t defaultValue;
   std::uint32_t low, high, fallback;  // of Repair::Range
-  std::uint16_t copyBound;            // most characters that a copy takes; 0: not copied
-  std::uint16_t privateId;            // 4301..4355; 0: none
-  std::uint8_t privateWidth;          // bits that a private access writes and reads: 16 or 32
   const char* name;
 };
 
@@ -47,6 +49,10 @@ struct DevModeField {
 
 // Offsets of the fields that other code names.
 namespace devmode {
+inline constexpr std::size_t kSize = 0;
+inline constexpr std::size_t kSignature = 4;
+inline constexpr std::size_t kVersion = 8;
+inline constexpr std::size_t kCarriedFlag = 16;
 inline constexpr std::size_t kSaveTiff = 20;
 inline constexpr std::size_t kTiffDpi = 24;
 inline constexpr std::size_t kDeviceProfile = 360;
@@ -71,13 +77,15 @@ inline constexpr std::size_t kImpositionTemplate = 9296;
 // The block itself: usable in place on the core driver's memory (byte-aligned).
 class CDevMode {
  public:
-  // Writes the header and every default, but leaves the field at 9308 as the buffer held it.
+  // Writes the header and every default, but leaves the field at 9308 and the reserved bytes as the
+  // buffer held them.
   void SetDefaults() noexcept;
 
-  // The convert rule: nothing is copied (and success reported) when the headers differ.
+  // The convert rule: every field but the header and the printer's authentication state. Nothing
+  // is copied when the headers differ.
   void CopyFrom(const CDevMode& source) noexcept;
 
-  // Copies, then repairs every field of this block.
+  // Copies, then repairs every field of this block. A block may be merged into itself.
   void Merge(const CDevMode& source) noexcept;
 
   // method 0 empties the three texts. `logonName` is what the system calls the user; it is used
@@ -102,6 +110,9 @@ class CDevMode {
   [[nodiscard]] std::span<std::byte, kDevModeSize> Bytes() noexcept { return bytes_; }
 
  private:
+  // Whether the block, by its own size, holds the bytes before `end`.
+  [[nodiscard]] bool Reaches(std::size_t end) const noexcept;
+
   std::array<std::byte, kDevModeSize> bytes_;
 };
 static_assert(sizeof(CDevMode) == kDevModeSize && alignof(CDevMode) == 1);
