@@ -47,7 +47,7 @@ using PlainPaper = PaperFields<260, false>;
 struct PrintOptionBody {
 #define NUMBER(tag, kind, initial) std::int32_t tag;
 #define SHARED(tag, field, kind, initial)
-#define TEXT(tag, n) TextField<n, false> tag;
+#define PLAIN_TEXT(tag, n) TextField<n, false> tag;
 #define MARKED_TEXT(tag, n) TextField<n, true> tag;
 #define PASSWORD(tag) TextField<64, true> tag;
 #define FLAG(tag) std::uint8_t tag;

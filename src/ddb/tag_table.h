@@ -39,7 +39,7 @@ struct Tag {
   {name, kind, marked, static_cast<std::uint16_t>(offsetof(PrintOptionBody, field)), chars, initial},
 #define NUMBER(tag, kind, initial) DDB_ROW(#tag, kind, false, tag, 0, initial)
 #define SHARED(tag, field, kind, initial) DDB_ROW(#tag, kind, false, field, 0, initial)
-#define TEXT(tag, n) DDB_ROW(#tag, kText, false, tag, n, 0)
+#define PLAIN_TEXT(tag, n) DDB_ROW(#tag, kText, false, tag, n, 0)
 #define MARKED_TEXT(tag, n) DDB_ROW(#tag, kText, true, tag, n, 0)
 #define PASSWORD(tag) DDB_ROW(#tag, kText, false, tag, 64, 0)
 #define FLAG(tag) DDB_ROW(#tag, kFlag, false, tag, 0, 0)
