@@ -22,4 +22,6 @@ struct Command {
 // Prints "zninspect: MESSAGE" as one line; answers `code`.
 int Fail(int code, std::string_view message);
 
+int RunProfile(Arguments arguments);
+
 }  // namespace zn::inspect

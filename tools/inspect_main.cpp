@@ -1,5 +1,4 @@
 // zninspect: what does this settings block, profile, favourite or keyword say?
-#include <array>
 #include <cstdio>
 #include <string>
 
@@ -14,7 +13,9 @@ int Fail(int code, std::string_view message) {
 
 namespace {
 
-constexpr std::array<Command, 0> kCommands{{}};
+constexpr Command kCommands[] = {
+    {"profile", "FILE", &RunProfile},
+};
 
 }  // namespace
 }  // namespace zn::inspect

@@ -1,0 +1,41 @@
+#include "profile/profile_source.h"
+
+#include <cstring>
+#include <string>
+
+#include "platform/spooler.h"
+
+namespace zn {
+namespace {
+
+// The folder of `path` without a backslash at its end; empty when the path has none. The second
+// byte of a double-byte character may look like a backslash.
+std::string FolderOf(const char* path) {
+  const char* end = path;
+  for (const char* at = path; *at != '\0'; at = ::CharNextA(at)) {
+    if (*at == '\\') {
+      end = at;
+    }
+  }
+  return {path, end};
+}
+
+}  // namespace
+
+bool UpdateProfile(CProfileInfo& profile, const SheetContext& sheet) {
+  const UINT codePage = ::GetACP();
+  const DriverInfo2 driver(sheet.hPrinter);
+  const std::string folder =
+      driver && driver->pDataFile != nullptr ? FolderOf(driver->pDataFile) : std::string();
+  if (folder.empty()) {
+    return profile.ReadProfile("", codePage);
+  }
+  std::string name(sheet.deviceProfilePath,
+                   ::strnlen(sheet.deviceProfilePath, sizeof sheet.deviceProfilePath));
+  if (name.empty() && driver->pName != nullptr) {
+    name = driver->pName;
+  }
+  return profile.UpdateProfile(folder.c_str(), name.c_str(), codePage);
+}
+
+}  // namespace zn

@@ -1,0 +1,247 @@
+// Reading profile files, and the questions that the pages ask.
+#include "profile/profile_info.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <climits>
+#include <string>
+
+#include "platform/trace.h"
+#include "tests/profile/profile_file.h"
+#include "tests/profile/reference_walk.h"
+
+namespace zn {
+namespace {
+
+using ::testing::Each;
+using ::testing::ElementsAre;
+
+constexpr unsigned kJapanese = 932;
+constexpr std::uint32_t kUntouched = 0xEEEEEEEE;
+
+class ProfileInfoTest : public ::testing::Test {
+ protected:
+  bool Read(std::string_view text) {
+    return profile_.ReadProfile(folder_.Write("profile.cps", text).c_str(), kJapanese);
+  }
+
+  // One value more than the query may write.
+  std::array<std::uint32_t, 8> Trays() {
+    std::array<std::uint32_t, 8> list;
+    list.fill(kUntouched);
+    EXPECT_EQ(profile_.GetTrayConfig(list.data(), 7), 1);
+    return list;
+  }
+  std::array<std::uint32_t, 7> Outputs() {
+    std::array<std::uint32_t, 7> list;
+    list.fill(kUntouched);
+    EXPECT_EQ(profile_.GetOutputConfig(list.data(), 5), 1);
+    return list;
+  }
+  std::array<std::uint32_t, 4> Punches(int count) {
+    std::array<std::uint32_t, 4> list;
+    list.fill(kUntouched);
+    EXPECT_EQ(profile_.GetPunchConfig(list.data(), count), 1);
+    return list;
+  }
+
+  void ExpectEverythingInstalled() {
+    for (int i = 0; i < CProfileInfo::kItemCount; ++i) {
+      EXPECT_EQ(profile_.Items()[i].present, i >= 46 && i <= 55 ? 0U : 1U) << i;
+    }
+    EXPECT_THAT(Trays(), ElementsAre(1, 1, 1, 1, 1, 1, 1, kUntouched));
+    EXPECT_THAT(Outputs(), ElementsAre(1, 1, 1, 1, 1, 0, kUntouched));
+    EXPECT_THAT(Punches(3), ElementsAre(1, 1, 1, kUntouched));
+    std::string text = "old";
+    EXPECT_EQ(profile_.GetWaterMarkConfig(&text, 0), 1);
+    EXPECT_EQ(text, "");
+  }
+
+  test::ProfileFolder folder_;
+  CProfileInfo profile_;
+};
+
+TEST_F(ProfileInfoTest, MissingFilesCountAsEverythingInstalled) {
+  EXPECT_TRUE(Read("Watermark1=x\n"));
+  EXPECT_FALSE(profile_.ReadProfile((folder_.Path() + "/none.cps").c_str(), kJapanese));
+  ExpectEverythingInstalled();
+}
+
+TEST_F(ProfileInfoTest, FoldersCountAsMissingFiles) {
+  EXPECT_FALSE(profile_.ReadProfile(folder_.Path().c_str(), kJapanese));
+  ExpectEverythingInstalled();
+}
+
+TEST_F(ProfileInfoTest, ReadingTwiceForgetsTheFirstFile) {
+  EXPECT_TRUE(Read("HasOption_ZNPunch=true\nCustomPaperName1=x\n"));
+  EXPECT_TRUE(Read("HasOption_InputSlot=Tray2\n"));
+  EXPECT_EQ(test::FirstDifference(profile_.Items(), test::WalkProfile("HasOption_InputSlot=Tray2")),
+            -1);
+}
+
+TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
+  (void)folder_.Write("device.cps", "HasOption_InputSlot=Tray1\n");
+  // The second byte of the first character is a backslash's.
+  (void)folder_.Write(
+      "\x83\x5C"
+      "ab.cps",
+      "HasOption_InputSlot=Tray1\n");
+  const struct {
+    const char* name;
+    bool read;
+  } rows[] = {
+      {"device", true},
+      {"device.cps", true},
+      {"device.txt", true},
+      {"C:\\x.y\\device", true},
+      {"C:device.v1", true},
+      {"../other/device", true},
+      {"device.v1.cps", false},
+      {"devic", false},
+      {"", false},
+      {"device\\", false},
+      {"\x83\x5C"
+       "ab",
+       true},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(profile_.UpdateProfile(folder_.Path().c_str(), row.name, kJapanese), row.read)
+        << row.name;
+  }
+}
+
+TEST_F(ProfileInfoTest, PathsThatDoNotFitCountAsMissingFiles) {
+  const std::string folder = folder_.Path();
+  const std::string name(259 - folder.size() - 1 - 4, 'n');
+  (void)folder_.Write(name + ".cps", "\n");
+  (void)folder_.Write(name + "n.cps", "\n");
+  EXPECT_TRUE(profile_.UpdateProfile(folder.c_str(), name.c_str(), kJapanese));
+  EXPECT_FALSE(profile_.UpdateProfile(folder.c_str(), (name + 'n').c_str(), kJapanese));
+  ExpectEverythingInstalled();
+}
+
+// The file is read in blocks of 64 KB; lines cross their borders.
+TEST_F(ProfileInfoTest, BlockBordersDoNotShow) {
+  for (int shift = -30; shift <= 2; ++shift) {
+    const std::string text =
+        std::string(65536 + shift - 1, '.') + "\nHasOption_InputSlot=Tray7\r\nWatermark7=seven\r\n";
+    EXPECT_TRUE(Read(text));
+    ASSERT_EQ(test::FirstDifference(profile_.Items(), test::WalkProfile(text)), -1) << shift;
+  }
+}
+
+TEST_F(ProfileInfoTest, LongLinesAreTakenUpToTheirBound) {
+  const std::string bound(1 << 20, 'v');
+  std::string text = "Watermark1=" + bound.substr(11) + "\nWatermark2=" + bound +
+                     "HasOption_ZNPunch=true\nWatermark3=c\nWatermark4=" + bound + bound + bound;
+  EXPECT_TRUE(Read(text));
+  const auto& items = profile_.Items();
+  EXPECT_EQ(items[56].value.size(), bound.size() - 11);
+  EXPECT_EQ(items[57].value.size(), bound.size() - 11);
+  EXPECT_EQ(items[58].value, "c");
+  EXPECT_EQ(items[59].value.size(), bound.size() - 11);
+  EXPECT_THAT(Punches(2), ElementsAre(1, 0, kUntouched, kUntouched));
+}
+
+TEST_F(ProfileInfoTest, TraysAnswerInTheOrderOfTheSourceList) {
+  EXPECT_TRUE(
+      Read("HasOption_InputSlot=Tray2\nHasOption_InputSlot=Tray4\n"
+           "HasOption_InputSlot=Tray8\nHasOption_InputSlot=Manual\n"));
+  EXPECT_THAT(Trays(), ElementsAre(1, 0, 1, 0, 0, 0, 1, kUntouched));
+  EXPECT_TRUE(Read("HasOption_InputSlot=Tray1 Tray3 Tray6 Tray7\n"));
+  EXPECT_THAT(Trays(), ElementsAre(1, 1, 0, 1, 1, 1, 0, kUntouched));
+}
+
+TEST_F(ProfileInfoTest, OutputsFollowStackersAndEitherFinisher) {
+  EXPECT_TRUE(Read("HasOption_DFinisher=true\n"));
+  EXPECT_THAT(Outputs(), ElementsAre(1, 0, 0, 1, 1, 0, kUntouched));
+  EXPECT_TRUE(Read("HasOption_CFinisher=true\nHasOption_OutputTray_StackerTray=true\n"));
+  EXPECT_THAT(Outputs(), ElementsAre(1, 1, 0, 1, 1, 0, kUntouched));
+  EXPECT_TRUE(Read("HasOption_AFinisher=true\nHasOption_OutputTray_StackerTopTray=true\n"));
+  EXPECT_THAT(Outputs(), ElementsAre(1, 0, 1, 0, 0, 0, kUntouched));
+}
+
+TEST_F(ProfileInfoTest, PunchAnswersAsManyAsAsked) {
+  EXPECT_TRUE(Read("HasOption_ZNPunch=true\n"));
+  EXPECT_THAT(Punches(1), ElementsAre(1, kUntouched, kUntouched, kUntouched));
+  EXPECT_THAT(Punches(3), ElementsAre(1, 1, 1, kUntouched));
+  EXPECT_TRUE(Read("HasOption_ZNFold=true\n"));
+  EXPECT_THAT(Punches(3), ElementsAre(1, 0, 0, kUntouched));
+}
+
+TEST_F(ProfileInfoTest, TextsBeyondTheirListAreTheItemsThatFollow) {
+  EXPECT_TRUE(
+      Read("CustomPaperName1=first\nCustomPaperName20=last\nWatermark1=mark\n"
+           "TrappingProfile1=trap\nTrappingProfile100=end\n"));
+  const struct {
+    int (CProfileInfo::*query)(std::string*, int) const;
+    int index;
+    const char* text;  // null: refused
+  } rows[] = {
+      {&CProfileInfo::GetCustomPaperNameConfig, 0, "first"},
+      {&CProfileInfo::GetCustomPaperNameConfig, 19, "last"},
+      {&CProfileInfo::GetCustomPaperNameConfig, 20, ""},
+      {&CProfileInfo::GetCustomPaperNameConfig, 30, "mark"},
+      {&CProfileInfo::GetCustomPaperNameConfig, 229, "end"},
+      {&CProfileInfo::GetCustomPaperNameConfig, 230, nullptr},
+      {&CProfileInfo::GetCustomPaperNameConfig, -1, nullptr},
+      {&CProfileInfo::GetWaterMarkConfig, 0, "mark"},
+      {&CProfileInfo::GetWaterMarkConfig, 100, "trap"},
+      {&CProfileInfo::GetWaterMarkConfig, 199, "end"},
+      {&CProfileInfo::GetWaterMarkConfig, 200, nullptr},
+      {&CProfileInfo::GetWaterMarkConfig, INT_MAX, nullptr},
+      {&CProfileInfo::GetWaterMarkConfig, INT_MIN, nullptr},
+  };
+  for (const auto& row : rows) {
+    std::string text = "untouched";
+    EXPECT_EQ((profile_.*row.query)(&text, row.index), row.text != nullptr ? 1 : 0) << row.index;
+    EXPECT_EQ(text, row.text != nullptr ? row.text : "untouched") << row.index;
+  }
+  EXPECT_EQ(profile_.GetCustomPaperNameConfig(nullptr, 0), 0);
+  EXPECT_EQ(profile_.GetWaterMarkConfig(nullptr, 0), 0);
+}
+
+TEST_F(ProfileInfoTest, ListsOfAnotherLengthAreLeftAlone) {
+  std::array<std::uint32_t, 8> list;
+  list.fill(kUntouched);
+  for (const int count : {INT_MIN, -1, 0, 5, 6, 8}) {
+    EXPECT_EQ(profile_.GetTrayConfig(list.data(), count), 0) << count;
+  }
+  for (const int count : {INT_MIN, -1, 0, 4, 6, 7}) {
+    EXPECT_EQ(profile_.GetOutputConfig(list.data(), count), 0) << count;
+  }
+  for (const int count : {INT_MIN, -1, 0}) {
+    EXPECT_EQ(profile_.GetPunchConfig(list.data(), count), 0) << count;
+  }
+  EXPECT_THAT(list, Each(kUntouched));
+  EXPECT_EQ(profile_.GetTrayConfig(nullptr, 7), 0);
+  EXPECT_EQ(profile_.GetOutputConfig(nullptr, 5), 0);
+  EXPECT_EQ(profile_.GetPunchConfig(nullptr, 3), 0);
+}
+
+#ifdef ZN_TRACE
+std::string traced;
+
+TEST_F(ProfileInfoTest, TracesTellTheOutcome) {
+  trace::SetSink([](const char*, int, const char*, const char* text) { traced += text; });
+  traced.clear();
+  profile_.ReadProfile("", 1252);
+  EXPECT_EQ(traced,
+            "CProfileInfo::UpdateProfile() 1\n"
+            "### CProfileInfo::UpdateProfile acp = 1252"
+            "CProfileInfo::UpdateProfile() ifs=NULL\n");
+  traced.clear();
+  std::uint32_t value = 0;
+  profile_.GetTrayConfig(&value, 8);
+  profile_.GetWaterMarkConfig(nullptr, -3);
+  EXPECT_EQ(traced,
+            "CProfileInfo::GetTrayConfig()error pbTrayconfig = 1, listcnt = 8\n"
+            "CProfileInfo::GetWaterMarkConfig()error psWatermarkselection = 0, listcnt = -3\n");
+  trace::SetSink(nullptr);
+}
+#endif
+
+}  // namespace
+}  // namespace zn
