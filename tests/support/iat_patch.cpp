@@ -1,0 +1,57 @@
+#include "iat_patch.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+
+namespace zn::test {
+namespace {
+
+void** FindSlot(HMODULE module, const char* function) {
+  auto* base = reinterpret_cast<std::byte*>(module);
+  const auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
+  const auto* nt = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+  const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  if (directory.VirtualAddress == 0) {
+    return nullptr;
+  }
+  auto* import = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+  for (; import->Name != 0; ++import) {
+    const auto* name = reinterpret_cast<IMAGE_THUNK_DATA*>(base + import->OriginalFirstThunk);
+    auto* slot = reinterpret_cast<void**>(base + import->FirstThunk);
+    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+      const auto* text = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
+      if (!IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal) && std::strcmp(text->Name, function) == 0) {
+        return slot;
+      }
+    }
+  }
+  return nullptr;
+}
+
+void Write(void** slot, void* value) {
+  DWORD old = 0;
+  ::VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &old);
+  *slot = value;
+  ::VirtualProtect(slot, sizeof *slot, old, &old);
+}
+
+}  // namespace
+
+ImportPatch::ImportPatch(HMODULE module, const char* function, void* replacement, int)
+    : slot_(FindSlot(module, function)), original_(slot_ != nullptr ? *slot_ : nullptr) {
+  if (slot_ == nullptr) {
+    ADD_FAILURE() << "the module does not import " << function;
+    return;
+  }
+  Write(slot_, replacement);
+}
+
+ImportPatch::~ImportPatch() {
+  if (slot_ != nullptr) {
+    Write(slot_, original_);
+  }
+}
+
+}  // namespace zn::test
