@@ -1,0 +1,160 @@
+#include "favorites/settings_mapping.h"
+
+#include <algorithm>
+#include <array>
+
+#include "favorites/settings_table.h"
+#include "oemps/devmode.h"
+#include "session/keyword_table.h"
+
+namespace zn {
+namespace {
+
+using settings::kRows;
+using settings::kTexts;
+
+constexpr bool IsPrivate(const SettingRow& row) {
+  return row.id >= KW_MAX;
+}
+
+// Two pairs of tags name one and the same field.
+constexpr bool SameField(const RecordField& a, const RecordField& b) {
+  if (a.IsExtended() || b.IsExtended()) {
+    return a.IsExtended() && b.IsExtended() && a.Extended() == b.Extended();
+  }
+  return a.Tag().offset == b.Tag().offset;
+}
+
+consteval bool EveryKeywordHasItsRow() {
+  for (std::size_t i = 0; i < KW_MAX; ++i) {
+    if (kRows[i].id != i) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(EveryKeywordHasItsRow());
+
+// One field carries one setting; only the two memo keywords share theirs, as their tags do.
+consteval bool EveryFieldIsMappedOnce() {
+  for (const SettingRow& a : kRows) {
+    for (const SettingRow& b : kRows) {
+      const bool memo = a.id == KW_MEMO && b.id == KW_MEMOMODE;
+      if (a.id < b.id && !memo && a.IsMapped() && b.IsMapped() && SameField(a.field, b.field)) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+static_assert(EveryFieldIsMappedOnce());
+
+consteval bool EveryFieldHoldsNumbers() {
+  return std::ranges::all_of(kRows, [](const SettingRow& row) {
+    return row.field.IsExtended() ||
+           (row.field.Tag().kind != ddb::kText && row.field.Tag().kind != ddb::kIgnored);
+  });
+}
+static_assert(EveryFieldHoldsNumbers());
+static_assert(std::ranges::all_of(kTexts, [](const SettingText& text) {
+  return text.tag->kind == ddb::kText;
+}));
+
+// What the options of the printer description stand for.
+constexpr std::array<std::int32_t, 2> kResolutions = {600, 1200};
+
+constexpr std::uint32_t kLastPunch = 13;  // as a selection and as a code
+
+bool IsInRange(const SettingRow& row, std::uint32_t value) noexcept {
+  if (!IsPrivate(row)) {
+    return value >= row.low && value <= row.high;
+  }
+  const DevModeField* field = FindPrivateField(row.id);
+  switch (field->repair) {
+    case Repair::Flag:
+      return value <= 1;
+    case Repair::Range:
+      return value >= field->low && value <= field->high;
+    default:
+      return true;
+  }
+}
+
+std::optional<std::uint32_t> OptionCode(const SettingRow& row, std::uint32_t selection) noexcept {
+  if (row.conversion == Conversion::Punch && selection == kLastPunch) {
+    return kLastPunch;
+  }
+  std::uint32_t code = 0;
+  return GetOptionCode(row.id, selection, code) ? std::optional(code) : std::nullopt;
+}
+
+std::optional<std::uint32_t> OptionIndex(const SettingRow& row, std::uint32_t code) noexcept {
+  if (row.conversion == Conversion::Punch && code == kLastPunch) {
+    return kLastPunch;
+  }
+  std::uint32_t index = 0;
+  return GetOptionIndex(row.id, code, index) ? std::optional(index) : std::nullopt;
+}
+
+}  // namespace
+
+std::int32_t RecordField::Get(const ddb::CPrintOptionEx& record) const noexcept {
+  return IsExtended() ? record.m_Extended[extended_] : ddb::GetInteger(record.m_Body, Tag());
+}
+
+void RecordField::Set(ddb::CPrintOptionEx& record, std::int32_t value) const noexcept {
+  if (IsExtended()) {
+    record.m_Extended[extended_] = value;
+  } else {
+    ddb::SetInteger(record.m_Body, Tag(), value);
+  }
+}
+
+std::int32_t RecordField::NotSpecified() const noexcept {
+  return !IsExtended() && Tag().initial == ddb::kNoLength ? ddb::kNoLength : ddb::kNoCode;
+}
+
+std::span<const SettingRow> SettingRows() noexcept {
+  return kRows;
+}
+
+std::span<const SettingText> SettingTexts() noexcept {
+  return kTexts;
+}
+
+std::optional<std::int32_t> ValueOfSelection(const SettingRow& row,
+                                             std::uint32_t selection) noexcept {
+  switch (row.conversion) {
+    case Conversion::None:
+      return std::nullopt;
+    case Conversion::Resolution:
+      return selection < kResolutions.size() ? std::optional(kResolutions[selection])
+                                             : std::nullopt;
+    case Conversion::AsIs:
+      return IsInRange(row, selection) ? std::optional(static_cast<std::int32_t>(selection))
+                                       : std::nullopt;
+    default:
+      return OptionCode(row, selection);
+  }
+}
+
+std::optional<std::uint32_t> SelectionOfValue(const SettingRow& row, std::int32_t value) noexcept {
+  const auto bits = static_cast<std::uint32_t>(value);
+  switch (row.conversion) {
+    case Conversion::None:
+      return std::nullopt;
+    case Conversion::Resolution: {
+      const auto* found = std::ranges::find(kResolutions, value);
+      return found != kResolutions.end()
+                 ? std::optional(static_cast<std::uint32_t>(found - kResolutions.begin()))
+                 : std::nullopt;
+    }
+    case Conversion::AsIs:
+      return value != row.field.NotSpecified() && IsInRange(row, bits) ? std::optional(bits)
+                                                                       : std::nullopt;
+    default:
+      return OptionIndex(row, bits);
+  }
+}
+
+}  // namespace zn
