@@ -16,7 +16,8 @@ class CSession {
   // A printer that cannot be read ends it early; what was found so far stands.
   void HidePrinterSetting() noexcept;
 
-  // Value of a keyword id (0-265) or private id (4301-4355); ids from 5824 on read 0xFFFFFFFF.
+  // Value of a keyword id (0-265) or private id (4301-4355): the item's or the settings block's,
+  // or the default. Ids from 5824 on read 0xFFFFFFFF; unknown and missing ones read 0.
   [[nodiscard]] std::uint32_t DRVGetDWord(std::uint32_t id, bool wantDefault) const noexcept;
 
   // 1 on success. 0: no item, or the core driver refused. Private ids 4312-4316, 4354 and 4355
@@ -32,7 +33,20 @@ class CSession {
   int SavePrinterDefault() noexcept;
 
  private:
+  [[nodiscard]] std::uint32_t GetPrivate(std::uint32_t id, bool wantDefault) const noexcept;
+  int SetPrivate(std::uint32_t id, std::uint32_t value) noexcept;
+
   SheetContext* m_p;
+};
+
+// Base of objects that reach the session.
+class CSessionAccessor {
+ public:
+  explicit CSessionAccessor(SheetContext* sheet) noexcept : m_session(sheet) {}
+  virtual ~CSessionAccessor() = default;
+
+ protected:
+  CSession m_session;
 };
 
 // The process-wide form names (64 bytes each) of the last session set-up.

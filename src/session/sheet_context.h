@@ -53,10 +53,13 @@ struct SheetContext {
 
   // The sheet's own copy of the job values; commit writes it back to *pDevMode.
   CDevMode jobValues;
+  bool settingsRead;     // set-up reached its end; before that, defaults stand for what it reads
+  bool settingsChanged;  // an option was set since the sheet was set up
 
   JobNameMode jobNameMode;
   char jobName[256];
   char deviceProfilePath[260];  // profile name, as the option setting dialog returns it
+  char driverName[260];         // names the profile while the job names none
   bool hasPageOrder;            // the core driver offers a page-order item
   bool rawOnly;                 // 1 when the printer lacks PRINTER_ATTRIBUTE_RAW_ONLY
   bool mayChangeSettings;       // first sheet flag of the advanced tree
