@@ -1,7 +1,10 @@
 #include "profile/profile_lines.h"
 
+#include <array>
+#include <bit>
 #include <bitset>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 #include "profile/profile_items.h"
@@ -44,29 +47,74 @@ std::string_view Between(const char* first, const char* last) {
   return {first, static_cast<std::size_t>(last - first)};
 }
 
-// The first occurrence of `character` in a line behind `at`, or null.
-const char* FindBehind(const char* at, std::string_view line, char character) {
-  const char* end = line.data() + line.size();
-  return static_cast<const char*>(
-      std::memchr(at + 1, character, static_cast<std::size_t>(end - at - 1)));
-}
+using FlagMask = std::uint32_t;  // one bit per flag item
+static_assert(kFlagItems.size() <= 32);
 
-void TakeFlags(std::string_view line, const char* underscore, CProfileInfo::ItemTable& items) {
-  std::bitset<kFlagItems.size()> named;
-  for (; underscore != nullptr; underscore = FindBehind(underscore, line, kFlagStem.back())) {
-    if (!Between(line.data(), underscore + 1).ends_with(kFlagStem)) {
-      continue;
+// Each flag key once, with all the items that share it.
+struct FlagKey {
+  std::string_view suffix;
+  FlagMask items;
+};
+
+struct FlagKeys {
+  std::array<FlagKey, kFlagItems.size()> keys{};
+  std::array<std::uint32_t, 256>
+      byCharacter{};  // the keys, one bit each, by their telling character
+};
+
+constexpr std::size_t kTellingCharacter = 5;  // no other place tells so many keys apart
+
+constexpr FlagKeys kFlagKeys = [] {
+  FlagKeys result;
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < kFlagItems.size(); ++i) {
+    const std::string_view suffix = kFlagItems[i].suffix;
+    if (i == 0 || suffix != kFlagItems[i - 1].suffix) {
+      result.byCharacter[static_cast<unsigned char>(suffix[kTellingCharacter])] |= 1U << count;
+      result.keys[count++].suffix = suffix;
     }
-    const std::string_view rest = line.substr(underscore + 1 - line.data());
-    for (std::size_t i = 0; i < kFlagItems.size() && !rest.empty(); ++i) {
-      const std::string_view suffix = kFlagItems[i].suffix;
-      if (rest.front() == suffix.front() && rest.starts_with(suffix)) {
-        named.set(i);
+    result.keys[count - 1].items |= FlagMask{1} << i;
+  }
+  return result;
+}();
+
+// The items whose keys begin with the stem and go on as `rest` does.
+FlagMask FlagsNamedBy(std::string_view rest) {
+  FlagMask named = 0;
+  if (rest.size() > kTellingCharacter) {
+    auto keys = kFlagKeys.byCharacter[static_cast<unsigned char>(rest[kTellingCharacter])];
+    for (; keys != 0; keys &= keys - 1) {
+      const FlagKey& key = kFlagKeys.keys[std::countr_zero(keys)];
+      if (rest.starts_with(key.suffix)) {
+        named |= key.items;
       }
     }
   }
-  for (std::size_t i = 0; i < kFlagItems.size() && named.any(); ++i) {
-    if (named[i] && line.find(kFlagItems[i].expected) != line.npos) {
+  return named;
+}
+
+// Whether `text` occurs in `line`. Goes by the last character, the one that tells the trays apart.
+bool Contains(std::string_view line, std::string_view text) {
+  for (std::size_t last = line.find(text.back(), text.size() - 1); last != line.npos;
+       last = line.find(text.back(), last + 1)) {
+    if (line.substr(0, last + 1).ends_with(text)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void TakeFlags(std::string_view line, NextCharacter& underscore, CProfileInfo::ItemTable& items) {
+  FlagMask named = 0;
+  const char* const end = line.data() + line.size();
+  for (const char* at = underscore.From(line.data()); at < end; at = underscore.From(at + 1)) {
+    if (Between(line.data(), at + 1).ends_with(kFlagStem)) {
+      named |= FlagsNamedBy(Between(at + 1, end));
+    }
+  }
+  for (; named != 0; named &= named - 1) {
+    const int i = std::countr_zero(named);
+    if (items[i].present == 0 && Contains(line, kFlagItems[i].expected)) {
       items[i].present = 1;
     }
   }
@@ -94,31 +142,34 @@ ValueKey KeyBefore(const char* end, std::string_view line) {
   }
   const std::string_view before = Between(line.data(), digits);
   for (const ValueItems& values : kValueItems) {
-    if (number <= values.count && before.ends_with(values.stem)) {
+    if (number <= values.count && before.ends_with(values.stem.back()) &&
+        before.ends_with(values.stem)) {
       return {values.firstItem + number - 1, Between(digits - values.stem.size(), end)};
     }
   }
   return {-1, {}};
 }
 
-void TakeValue(std::string_view line, const char* equals, CProfileInfo::ItemTable& items) {
+void TakeValue(std::string_view line, NextCharacter& equals, CProfileInfo::ItemTable& items) {
   int taken = CProfileInfo::kItemCount;
   const char* value = nullptr;
   std::bitset<CProfileInfo::kItemCount> seen;
-  for (; equals != nullptr; equals = FindBehind(equals, line, '=')) {
-    const ValueKey key = KeyBefore(equals, line);
+  const char* const end = line.data() + line.size();
+  for (const char* at = equals.From(line.data()); at < end; at = equals.From(at + 1)) {
+    const ValueKey key = KeyBefore(at, line);
     // Of several keys the walk meets the lowest item first; of one key only the first occurrence.
     if (key.item < 0 || key.item >= taken || seen[key.item]) {
       continue;
     }
     seen.set(key.item);
-    if (line.find(key.text) == static_cast<std::size_t>(key.text.data() - line.data())) {
+    const auto place = static_cast<std::size_t>(key.text.data() - line.data());
+    if (line.substr(0, place + key.text.size() - 1).find(key.text) == line.npos) {
       taken = key.item;
-      value = equals + 1;
+      value = at + 1;
     }
   }
   if (value != nullptr) {
-    items[taken].value = line.substr(value - line.data());
+    items[taken].value = Between(value, end);
     items[taken].present = 1;
   }
 }
@@ -136,12 +187,8 @@ void TakeLines(std::string_view lines, CProfileInfo::ItemTable& items) {
     if (stop != end && line.ends_with('\r')) {
       line.remove_suffix(1);
     }
-    if (const char* at = underscore.From(start); at < stop) {
-      TakeFlags(line, at, items);
-    }
-    if (const char* at = equals.From(start); at < stop) {
-      TakeValue(line, at, items);
-    }
+    TakeFlags(line, underscore, items);
+    TakeValue(line, equals, items);
     start = stop + 1;
   }
 }
