@@ -1,21 +1,97 @@
 #include "oemps/devmode.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cassert>
 #include <cstring>
+#include <limits>
 
+#include "oemps/devmode_fields.h"
 #include "platform/trace.h"
 
+// Every application that touches the printer merges, so the field table is sorted by work at
+// compile time: runs of bytes to copy, texts to clip, numbers to check, texts to clean.
 namespace zn {
 namespace {
+
+using devmode::kFields;
+
+template <auto kWanted>
+constexpr auto SelectFields() {
+  std::array<DevModeField, std::ranges::count_if(kFields, kWanted)> selected{};
+  std::ranges::copy_if(kFields, selected.begin(), kWanted);
+  return selected;
+}
+
+constexpr bool IsText(const DevModeField& field) {
+  return field.kind == FieldKind::Text;
+}
+
+constexpr auto kCleanedTexts = SelectFields<[](const DevModeField& field) {
+  return field.repair == Repair::Controls || field.repair == Repair::Comment;
+}>();
+
+// Where a copied text is cut when the source's has no terminator.
+constexpr auto kClippedTextEnds = [] {
+  constexpr auto kClipped = SelectFields<[](const DevModeField& field) {
+    return IsText(field) && field.copyBound < field.width;
+  }>();
+  std::array<std::size_t, kClipped.size()> ends{};
+  std::ranges::transform(kClipped, ends.begin(), [](const DevModeField& field) {
+    return field.offset + std::size_t{field.copyBound};
+  });
+  return ends;
+}();
+
+struct NumberCheck {
+  std::uint32_t offset, low, span, fallback;
+};
+
+constexpr auto kNumberChecks = [] {
+  constexpr auto kChecked = SelectFields<[](const DevModeField& field) {
+    return field.repair == Repair::Flag || field.repair == Repair::Range;
+  }>();
+  std::array<NumberCheck, kChecked.size()> checks{};
+  std::ranges::transform(kChecked, checks.begin(), [](const DevModeField& field) {
+    return NumberCheck{field.offset, field.low, field.high - field.low, field.fallback};
+  });
+  return checks;
+}();
+
+struct CopyRun {
+  std::size_t begin, end;
+};
+
+constexpr auto kCopyRuns = [] {
+  constexpr auto kStarts = [](std::size_t row) {
+    return kFields[row].copyBound != 0 && kFields[row - 1].copyBound == 0;
+  };
+  constexpr std::size_t kCount = [kStarts] {
+    std::size_t count = 0;
+    for (std::size_t row = 1; row < kFields.size(); ++row) {
+      count += kStarts(row);
+    }
+    return count;
+  }();
+  std::array<CopyRun, kCount> runs{};
+  std::size_t run = 0;
+  for (std::size_t row = 1; row < kFields.size(); ++row) {
+    const DevModeField& field = kFields[row];
+    if (kStarts(row)) {
+      runs[run++].begin = field.offset;
+    }
+    if (field.copyBound != 0) {
+      runs[run - 1].end = field.offset + std::size_t{field.width};
+    }
+  }
+  return runs;
+}();
 
 constexpr unsigned char kFirstPrintable = 0x20;
 constexpr std::byte kCarriageReturn{'\r'};
 constexpr std::byte kLineFeed{'\n'};
-
 constexpr std::string_view kEnterName = "EnterName";
-
-using Field = std::span<std::byte>;
 
 std::uint32_t ReadDWord(const std::byte* at) noexcept {
   std::uint32_t value;
@@ -27,84 +103,78 @@ void WriteDWord(std::byte* at, std::uint32_t value) noexcept {
   std::memcpy(at, &value, sizeof value);
 }
 
-// Characters before the terminator, at most `bound`.
-std::size_t TextLength(const std::byte* text, std::size_t bound) noexcept {
-  const void* end = std::memchr(text, 0, bound);
+// Characters before the terminator, at most `width`.
+std::size_t TextLength(const std::byte* text, std::size_t width) noexcept {
+  const void* end = std::memchr(text, 0, width);
   return end != nullptr ? static_cast<std::size_t>(static_cast<const std::byte*>(end) - text)
-                        : bound;
+                        : width;
 }
 
-// The rest of the field becomes zero, so that nothing of an earlier text stays behind.
-void PutText(Field field, const std::byte* text, std::size_t length) noexcept {
-  if (length != 0) {
-    std::memmove(field.data(), text, length);
-  }
-  std::memset(field.data() + length, 0, field.size() - length);
+// Sixteen characters at once.
+using Characters [[gnu::vector_size(16)]] = unsigned char;
+
+Characters Load(const std::byte* text) noexcept {
+  Characters characters;
+  std::memcpy(&characters, text, sizeof characters);
+  return characters;
 }
 
-// True for a terminator, too: both end a stretch of good text.
+Characters Lower(Characters a, Characters b) noexcept {
+  return a < b ? a : b;
+}
+
+// The position of the first control character or terminator; 16 when there is none.
+std::size_t FirstControl(Characters characters) noexcept {
+  std::uint64_t halves[2];  // a byte of ones where there is one
+  const auto found = characters < kFirstPrintable;
+  std::memcpy(halves, &found, sizeof halves);
+  const int zeroBits =
+      halves[0] != 0 ? std::countr_zero(halves[0])
+                     : std::numeric_limits<std::uint64_t>::digits + std::countr_zero(halves[1]);
+  return static_cast<std::size_t>(zeroBits) / std::numeric_limits<unsigned char>::digits;
+}
+
 bool IsControl(std::byte character) noexcept {
   return std::to_integer<unsigned char>(character) < kFirstPrintable;
 }
 
-// Length of the text up to its first control character or terminator. The inner loop has no exit,
-// so that the compiler makes vector code of it.
-std::size_t PrintableLength(Field field) noexcept {
-  constexpr std::size_t kBlock = 64;
+// Length of the text up to its first control character or terminator.
+std::size_t PrintableLength(const std::byte* text, std::size_t width) noexcept {
+  constexpr std::size_t kStep = sizeof(Characters);
+  constexpr std::size_t kStride = 4 * kStep;
+  static_assert(std::ranges::all_of(kCleanedTexts, [](auto& row) { return row.width >= kStep; }));
   std::size_t at = 0;
-  for (; at + kBlock <= field.size(); at += kBlock) {
-    unsigned char controls = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-      controls |= static_cast<unsigned char>(IsControl(field[at + i]));
-    }
-    if (controls != 0) {
+  for (; at + kStride <= width; at += kStride) {
+    const std::byte* block = text + at;
+    if (FirstControl(Lower(Lower(Load(block), Load(block + kStep)),
+                           Lower(Load(block + 2 * kStep), Load(block + 3 * kStep)))) < kStep) {
       break;
     }
   }
-  return static_cast<std::size_t>(
-      std::find_if(field.begin() + static_cast<std::ptrdiff_t>(at), field.end(), IsControl) -
-      field.begin());
+  for (; at < width; at += kStep) {
+    const std::size_t begin = std::min(at, width - kStep);
+    const std::size_t control = FirstControl(Load(text + begin));
+    if (control < kStep) {
+      return begin + control;
+    }
+  }
+  return width;
 }
 
-void CutControls(Field field, bool keepLineEnds) noexcept {
-  const std::size_t good = PrintableLength(field);
-  if (good == field.size() || field[good] == std::byte{0}) {
-    return;
-  }
-  std::size_t to = good;
-  std::size_t from = good;
-  for (; from < field.size() && field[from] != std::byte{0}; ++from) {
-    if (!IsControl(field[from])) {
-      field[to++] = field[from];
-    } else if (keepLineEnds && field[from] == kCarriageReturn && from + 1 < field.size() &&
-               field[from + 1] == kLineFeed) {
-      field[to++] = field[from++];
-      field[to++] = field[from];
+// Cuts the control characters out; the rest closes up.
+void CutControls(std::byte* text, std::size_t width, bool keepLineEnds) noexcept {
+  std::size_t from = PrintableLength(text, width);
+  std::size_t to = from;
+  for (; from < width && text[from] != std::byte{0}; ++from) {
+    if (!IsControl(text[from])) {
+      text[to++] = text[from];
+    } else if (keepLineEnds && text[from] == kCarriageReturn && from + 1 < width &&
+               text[from + 1] == kLineFeed) {
+      text[to++] = text[from++];
+      text[to++] = text[from];
     }
   }
-  std::fill(field.begin() + static_cast<std::ptrdiff_t>(to),
-            field.begin() + static_cast<std::ptrdiff_t>(from), std::byte{0});
-}
-
-void RepairField(const DevModeField& row, Field field) noexcept {
-  switch (row.repair) {
-    case Repair::None:
-      break;
-    case Repair::Flag:
-    case Repair::Range: {
-      const std::uint32_t value = ReadDWord(field.data());
-      if (value - row.low > row.high - row.low) {
-        WriteDWord(field.data(), row.fallback);
-      }
-      break;
-    }
-    case Repair::Controls:
-      CutControls(field, false);
-      break;
-    case Repair::Comment:
-      CutControls(field, true);
-      break;
-  }
+  std::fill(text + to, text + from, std::byte{0});
 }
 
 void TraceImpositionTemplate([[maybe_unused]] std::uint32_t value) noexcept {
@@ -114,11 +184,11 @@ void TraceImpositionTemplate([[maybe_unused]] std::uint32_t value) noexcept {
 }  // namespace
 
 void CDevMode::SetDefaults() noexcept {
-  for (const DevModeField& row : DevModeFields()) {
+  for (const DevModeField& row : kFields) {
     if (!row.hasDefault) {
       continue;
     }
-    if (row.kind == FieldKind::Text) {
+    if (IsText(row)) {
       SetText(row.offset, {});
     } else {
       SetDWord(row.offset, row.defaultValue);
@@ -130,16 +200,11 @@ void CDevMode::CopyFrom(const CDevMode& source) noexcept {
   if (!HasHeaderOf(source) || !source.Reaches(kDevModeSize)) {
     return;
   }
-  for (const DevModeField& row : DevModeFields()) {
-    if (row.copyBound == 0) {
-      continue;
-    }
-    const std::byte* from = &source.bytes_[row.offset];
-    if (row.kind == FieldKind::Text) {
-      PutText(Field(bytes_).subspan(row.offset, row.width), from, TextLength(from, row.copyBound));
-    } else {
-      SetDWord(row.offset, ReadDWord(from));
-    }
+  for (const CopyRun& run : kCopyRuns) {
+    std::memmove(&bytes_[run.begin], &source.bytes_[run.begin], run.end - run.begin);
+  }
+  for (const std::size_t end : kClippedTextEnds) {
+    bytes_[end] = std::byte{0};
   }
 }
 
@@ -155,8 +220,13 @@ void CDevMode::Merge(const CDevMode& source) noexcept {
 
   const std::uint32_t copiedTemplate = GetDWord(devmode::kImpositionTemplate);
   TraceImpositionTemplate(copiedTemplate);
-  for (const DevModeField& row : DevModeFields()) {
-    RepairField(row, Field(bytes_).subspan(row.offset, row.width));
+  for (const NumberCheck& check : kNumberChecks) {
+    if (GetDWord(check.offset) - check.low > check.span) {
+      SetDWord(check.offset, check.fallback);
+    }
+  }
+  for (const DevModeField& row : kCleanedTexts) {
+    CutControls(&bytes_[row.offset], row.width, row.repair == Repair::Comment);
   }
   if (GetDWord(devmode::kImpositionTemplate) != copiedTemplate) {
     TraceImpositionTemplate(GetDWord(devmode::kImpositionTemplate));
@@ -196,28 +266,29 @@ bool CDevMode::Reaches(std::size_t end) const noexcept {
 
 std::uint32_t CDevMode::GetDWord(std::size_t offset) const noexcept {
   assert(offset + 4 <= bytes_.size());
-  return ReadDWord(&bytes_[offset]);
+  return ReadDWord(bytes_.data() + offset);
 }
 
 void CDevMode::SetDWord(std::size_t offset, std::uint32_t value) noexcept {
   assert(offset + 4 <= bytes_.size());
-  WriteDWord(&bytes_[offset], value);
+  WriteDWord(bytes_.data() + offset, value);
 }
 
 std::string_view CDevMode::GetText(std::size_t offset) const noexcept {
   const DevModeField* row = FindDevModeField(offset);
-  assert(row != nullptr && row->kind == FieldKind::Text);
+  assert(row != nullptr && IsText(*row));
   const std::byte* text = &bytes_[offset];
   return {reinterpret_cast<const char*>(text), TextLength(text, row->width)};
 }
 
 void CDevMode::SetText(std::size_t offset, std::string_view text) noexcept {
   const DevModeField* row = FindDevModeField(offset);
-  assert(row != nullptr && row->kind == FieldKind::Text);
+  assert(row != nullptr && IsText(*row));
   const std::string_view fitting =
       text.substr(0, std::min(text.find('\0'), row->width - std::size_t{1}));
-  PutText(Field(bytes_).subspan(offset, row->width),
-          reinterpret_cast<const std::byte*>(fitting.data()), fitting.size());
+  std::byte* field = &bytes_[offset];
+  std::copy(fitting.begin(), fitting.end(), reinterpret_cast<char*>(field));
+  std::memset(field + fitting.size(), 0, row->width - fitting.size());
 }
 
 }  // namespace zn
