@@ -1,11 +1,11 @@
 // Owners for the Windows resources of this system: one alias per kind, released on every path.
 #pragma once
 
-#include <prsht.h>
 #include <windows.h>
-#include <winspool.h>
-
+// These must come behind windows.h.
 #include <commctrl.h>
+#include <prsht.h>
+#include <winspool.h>
 
 #include <memory>
 #include <type_traits>
