@@ -77,7 +77,7 @@ inline constexpr auto kRows = std::to_array<SettingRow>({
     Code(KW_RGBOUTPUTINTENT, Tag("CL_OUTIT"), kMore),
     Code(KW_PRINTWITHFORM, Tag("SP_VARIA"), kMore),
     AsIs(KW_FORMNO, Tag("SP_FMNUM"), 1, 500, kMore),
-    AsIs(KW_FORMNOFORREGISTER, Tag("SP_FMNMR"), 1, 500, kMore),
+    AsIs(KW_FORMNOFORREGISTER, Tag("SP_FMNMR"), 0, 500, kMore),
     Code(KW_TREATWHITEASTRANSPARENT, Tag("SP_FMRMW"), kMore),
     Code(KW_FORCETOUPDATEFORM, Tag("SP_FMFOC"), kMore),
     Code(KW_MEMO, Tag("SP_MEMOT"), kMore),  // shares its field with KW_MEMOMODE

@@ -10,16 +10,9 @@
 
 #include "oemps/devmode.h"
 #include "session/keyword_ids.h"
+#include "session/option_selection.h"
 
 namespace zn {
-
-// One row of the option selection table. Values are option indexes, or plain numbers for the
-// standard items that count (copies, scale, custom sizes).
-struct OptionSelection {
-  std::uint32_t defaultSelection;
-  std::uint32_t currentSelection;
-  std::uint32_t lastWritten;  // what the core driver's item was last told
-};
 
 enum class JobNameMode : std::uint32_t { Automatic = 0, Entered = 1 };
 
@@ -49,7 +42,7 @@ struct SheetContext {
   HWND activePage;  // getters read live controls only of this page
 
   std::array<OPTITEM*, KW_MAX> items;  // null: the printer has no such option
-  std::array<OptionSelection, KW_MAX> options;
+  OptionTable options;
 
   // The sheet's own copy of the job values; commit writes it back to *pDevMode.
   CDevMode jobValues;
