@@ -1,9 +1,10 @@
 #include "profile/profile_source.h"
 
-#include <cstring>
 #include <string>
+#include <string_view>
 
 #include "platform/spooler.h"
+#include "session/job_values.h"
 
 namespace zn {
 namespace {
@@ -30,10 +31,10 @@ bool UpdateProfile(CProfileInfo& profile, const SheetContext& sheet) {
   if (folder.empty()) {
     return profile.ReadProfile("", codePage);
   }
-  std::string name(sheet.deviceProfilePath,
-                   ::strnlen(sheet.deviceProfilePath, sizeof sheet.deviceProfilePath));
-  if (name.empty() && driver->pName != nullptr) {
-    name = driver->pName;
+  std::string name(TextOf(sheet.deviceProfilePath));
+  const std::string_view driverName = TextOf(sheet.driverName);
+  if (name.empty() || name == driverName) {
+    name.assign(driverName).append(".cps");  // a dot in a driver's name begins no extension
   }
   return profile.UpdateProfile(folder.c_str(), name.c_str(), codePage);
 }
