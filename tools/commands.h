@@ -22,6 +22,9 @@ struct Command {
 // Prints "zninspect: MESSAGE" as one line; answers `code`.
 int Fail(int code, std::string_view message);
 
+int RunCodes(Arguments arguments);
+int RunDevMode(Arguments arguments);
+int RunKeyword(Arguments arguments);
 int RunProfile(Arguments arguments);
 
 }  // namespace zn::inspect

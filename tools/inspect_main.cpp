@@ -14,6 +14,9 @@ int Fail(int code, std::string_view message) {
 namespace {
 
 constexpr Command kCommands[] = {
+    {"devmode", "FILE|--default OUT|--convert SRC DST OUT|--merge SRC DST OUT", &RunDevMode},
+    {"keyword", "NAME", &RunKeyword},
+    {"codes", "ID", &RunCodes},
     {"profile", "FILE", &RunProfile},
 };
 
