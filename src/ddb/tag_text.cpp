@@ -1,0 +1,98 @@
+#include "ddb/tag_text.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "ddb/number_text.h"
+
+namespace ddb {
+namespace {
+
+constexpr int kHundredthsPlaces = 2;
+constexpr int kTenthsPlaces = 1;
+constexpr std::int32_t kMinCopies = 1;
+constexpr std::int32_t kMaxCopies = 9999;
+
+// Media type codes: of the record by file code. Codes beyond the table are the same in both.
+constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1, 2, 3, 6, 8, 7, 11, 9, 4, 5};
+
+constexpr auto kFileMediaCodes = [] {
+  std::array<std::uint8_t, kRecordMediaCodes.size()> inverse{};
+  for (std::size_t i = 0; i < kRecordMediaCodes.size(); ++i) {
+    inverse[kRecordMediaCodes[i]] = static_cast<std::uint8_t>(i);
+  }
+  return inverse;
+}();
+
+std::int32_t Translate(std::span<const std::uint8_t> codes, std::int32_t code) noexcept {
+  const auto index = static_cast<std::uint32_t>(code);
+  return index < codes.size() ? codes[index] : code;
+}
+
+}  // namespace
+
+void ParseValue(PrintOptionBody& body, const Tag& tag, std::string_view value,
+                bool translateMediaCodes) noexcept {
+  switch (tag.kind) {
+    case kIgnored:
+      return;
+    case kText:
+      SetText(body, tag, value);
+      return;
+    case kHundredths:
+      SetInteger(body, tag, ParseUnits(value, 100));
+      return;
+    case kTenths:
+      SetInteger(body, tag, ParseUnits(value, 10));
+      return;
+    case kCopies:
+      SetInteger(body, tag, std::clamp(ParseInteger(value), kMinCopies, kMaxCopies));
+      return;
+    case kMediaCode: {
+      const std::int32_t code = ParseInteger(value);
+      SetInteger(body, tag, translateMediaCodes ? Translate(kRecordMediaCodes, code) : code);
+      return;
+    }
+    default:
+      SetInteger(body, tag, ParseInteger(value));
+  }
+}
+
+std::optional<std::string_view> ValueText(const PrintOptionBody& body, const Tag& tag,
+                                          bool translateMediaCodes, NumberText& scratch) noexcept {
+  const std::int32_t value = GetInteger(body, tag);
+  switch (tag.kind) {
+    case kIgnored:
+      return std::nullopt;
+    case kText:
+      return GetText(body, tag);
+    case kHundredths:
+      return FormatUnits(value, kHundredthsPlaces, scratch);
+    case kTenths:
+      return FormatUnits(value, kTenthsPlaces, scratch);
+    case kMediaCode:
+      return FormatInteger(translateMediaCodes ? Translate(kFileMediaCodes, value) : value,
+                           scratch);
+    default:
+      return FormatInteger(value, scratch);
+  }
+}
+
+void ExchangeTag(const char* tag, char* valueText, CPrintOption& record, bool readDirection,
+                 bool translateMediaCodes) {
+  const Tag* row = FindTag(tag);
+  if (row == nullptr) {
+    return;
+  }
+  if (readDirection) {
+    ParseValue(record.m_Body, *row, valueText, translateMediaCodes);
+    return;
+  }
+  NumberText scratch;
+  if (const auto text = ValueText(record.m_Body, *row, translateMediaCodes, scratch)) {
+    std::memcpy(valueText, text->data(), text->size());
+    valueText[text->size()] = '\0';
+  }
+}
+
+}  // namespace ddb

@@ -1,0 +1,72 @@
+// Favourite files: a short header, a comment line, the item line that carries the print option
+// record, and a page-size line. All lines end with LF; the text is in the ANSI code page.
+//
+//   1
+//   0
+//   0
+//   Comment=for the fair
+//   EXT_NUP=1		PG_NUMBR=3		PG_DUPBF=2
+//   PageSize=A4
+//
+// Recovery: lines 3, 4 and 6 may be missing; items without "=" or without their TABs and items that
+// nobody knows are skipped; saving over a file keeps the unknown ones where they stand.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ddb/print_option.h"
+
+namespace zn {
+
+inline constexpr std::size_t kMaxComment = 255;       // bytes
+inline constexpr std::size_t kMaxPageSizeName = 255;  // bytes
+
+struct FavoriteEntry {
+  std::int32_t number1 = 0;
+  std::int32_t number2 = 0;
+  std::int32_t number3 = 0;  // 0 to 9
+  std::string comment;
+  std::string pageSizeName;
+  std::string folder;
+  std::string name;  // file name without extension
+  ddb::CPrintOptionEx option{true};
+};
+
+// The key texts as the string table yields them; empty when it does not.
+struct FavoriteKeys {
+  std::string comment = "Comment=";
+  std::string pageSize = "PageSize=";
+};
+
+class CFavoriteFileManager {
+ public:
+  explicit CFavoriteFileManager(FavoriteKeys keys = {});
+
+  // True when the two mandatory lines were read; the entry is as it was otherwise. What the file
+  // does not hold keeps the value it has in the entry. Of a file beyond 1 MB only that is read.
+  bool LoadFavoriteFromPath(FavoriteEntry& entry, const char* path);
+  bool LoadFavoriteFromMemory(FavoriteEntry& entry, std::string_view file) const;
+
+  // Replaces the file, keeping its unknown items. False when it could not be written whole; what
+  // was written until then stays.
+  bool SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path);
+
+  // The item line that a new file would get, into `out`: cut to its size, always terminated.
+  void WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const;
+
+ private:
+  class Reader;
+
+  [[nodiscard]] std::string_view ReadFile(const char* path);
+  [[nodiscard]] std::string SavePrintOptionInfo(const char* path);
+
+  FavoriteKeys keys_;
+  std::vector<char> contents_;
+};
+
+}  // namespace zn

@@ -1,0 +1,177 @@
+#include "favorites/item_line.h"
+
+#include <algorithm>
+
+namespace zn {
+namespace {
+
+constexpr std::size_t kMaxValue = 599;  // bytes; more than any value needs
+constexpr std::uint32_t kEndTabs = 2;
+constexpr std::size_t kSlots = 4096;  // a power of two, well above the items that a line can hold
+
+std::uint32_t Hash(std::string_view tag) noexcept {
+  std::uint32_t hash = 2166136261U;
+  for (const char c : tag) {
+    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+  }
+  return hash ^ (hash >> 15);
+}
+
+}  // namespace
+
+bool ItemReader::Next(Item& item) noexcept {
+  const std::size_t end = line_.size();
+  std::size_t at = at_;
+  while (at < end && line_[at] == '\t') {
+    ++at;
+  }
+  const std::size_t start = at;
+  std::size_t tagSize = 0;
+  for (; at < end && line_[at] != '=' && line_[at] != '\n'; ++at) {
+    if (line_[at] == '\t') {
+      continue;
+    }
+    if (tagSize < tag_.size()) {
+      tag_[tagSize] = line_[at];
+    }
+    ++tagSize;
+  }
+  item = {};
+  const bool hasTag = at < end && line_[at] == '=';
+  bool ended = false;
+  if (hasTag) {
+    const std::size_t valueStart = ++at;
+    while (at < end && line_[at] != '\t' && line_[at] != '\n') {
+      ++at;
+    }
+    ended = at < end && line_[at] == '\t';
+    item.tag = {tag_.data(), tagSize <= tag_.size() ? tagSize : 0};
+    item.value = line_.substr(valueStart, std::min(at - valueStart, kMaxValue));
+    item.value = item.value.substr(0, item.value.find('\0'));
+  }
+  item.text = line_.substr(start, at - start);
+  at_ = ended || at == end ? at : at + 1;
+  return ended;
+}
+
+ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
+  old = old.substr(0, old.find('\n'));
+  const std::string_view kept = old.substr(0, kMaxItemLine);
+  store_.reserve(2 * kItemLineSize);
+  ItemReader reader(kept);
+  ItemReader::Item item;
+  while (reader.Next(item)) {
+    const std::size_t end = std::min(kept.find_first_not_of('\t', reader.End()), kept.size());
+    Add(Store(item.tag), Store(item.text), end - reader.End());
+  }
+  // What the end of the room cut off has no whole value and must not look like an item.
+  if (kept.size() < old.size() || item.text.empty()) {
+    return;
+  }
+  if (item.text.find('=') == std::string_view::npos) {
+    tail_ = Store(item.text);
+    size_ += tail_.size;
+  } else if (size_ + item.text.size() + kEndTabs <= kMaxItemLine) {
+    Add(Store(item.tag), Store(item.text), kEndTabs);
+  }
+}
+
+std::string_view ItemLine::View(Range range) const noexcept {
+  return std::string_view(store_).substr(range.start, range.size);
+}
+
+ItemLine::Range ItemLine::Store(std::string_view text) {
+  const Range range{static_cast<std::uint32_t>(store_.size()),
+                    static_cast<std::uint32_t>(text.size())};
+  store_.append(text);
+  return range;
+}
+
+std::size_t ItemLine::Slot(std::string_view tag) const noexcept {
+  std::size_t slot = Hash(tag) % kSlots;
+  while (slots_[slot] != kNone && View(pieces_[slots_[slot]].tag) != tag) {
+    slot = (slot + 1) % kSlots;
+  }
+  return slot;
+}
+
+void ItemLine::Add(Range tag, Range text, std::size_t tabs) {
+  const auto index = static_cast<Index>(pieces_.size());
+  pieces_.push_back({tag, text, static_cast<std::uint32_t>(tabs), kNone});
+  size_ += SizeOf(index);
+  if (tag.size == 0) {
+    return;
+  }
+  Index* link = &slots_[Slot(View(tag))];
+  while (*link != kNone) {
+    link = &pieces_[*link].same;
+  }
+  *link = index;
+}
+
+std::size_t ItemLine::SizeOf(Index piece) const noexcept {
+  return pieces_[piece].text.size + pieces_[piece].tabs;
+}
+
+void ItemLine::Erase(Index piece) noexcept {
+  size_ -= SizeOf(piece);
+  pieces_[piece].text.size = 0;
+  pieces_[piece].tabs = 0;
+}
+
+bool ItemLine::Place(std::string_view tag, std::string_view value) {
+  const Index first = Find(tag);
+  const std::size_t added = tag.size() + 1 + value.size();
+  std::size_t removed = 0;
+  for (Index piece = first; piece != kNone; piece = pieces_[piece].same) {
+    removed += SizeOf(piece);
+  }
+  const std::uint32_t tabs =
+      first != kNone && pieces_[first].tabs != 0 ? pieces_[first].tabs : kEndTabs;
+  if (size_ - removed + added + tabs > kMaxItemLine) {
+    return false;
+  }
+  const Range text = Store(tag);
+  store_.append(1, '=').append(value);
+  const Range item{text.start, static_cast<std::uint32_t>(added)};
+  if (first == kNone) {
+    Add(text, item, tabs);
+    return true;
+  }
+  // A second item of the tag would bring its old value back at the next load.
+  Remove(tag);
+  pieces_[first].text = item;
+  pieces_[first].tabs = tabs;
+  size_ += SizeOf(first);
+  return true;
+}
+
+void ItemLine::Remove(std::string_view tag) noexcept {
+  for (Index piece = Find(tag); piece != kNone; piece = pieces_[piece].same) {
+    Erase(piece);
+  }
+}
+
+std::string ItemLine::Text() const {
+  std::string text;
+  text.reserve(size_);
+  for (const Piece& piece : pieces_) {
+    text.append(View(piece.text)).append(piece.tabs, '\t');
+  }
+  return text.append(View(tail_));
+}
+
+std::string OneLine(std::string_view text, bool keepTabs) {
+  std::string line(text);
+  for (std::size_t at = line.find('\n'); at != std::string::npos; at = line.find('\n', at)) {
+    // The CR of a line end goes with it.
+    const bool pair = at > 0 && line[at - 1] == '\r';
+    line.replace(at - (pair ? 1 : 0), pair ? 2 : 1, 1, ' ');
+  }
+  if (!keepTabs) {
+    std::ranges::replace(line, '\t', ' ');
+  }
+  return line;
+}
+
+}  // namespace zn
