@@ -33,8 +33,8 @@ void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
   if (tag.highest != 0 && !(tag.takesNoCode && number == kNoCode)) {
     number = std::clamp(number, tag.lowest, tag.highest);
   }
-  if (tag.field != nullptr) {
-    SetInteger(record.m_Body, *tag.field, number);
+  if (tag.IsField()) {
+    SetInteger(record.m_Body, tag.Field(), number);
   } else {
     record.m_Extended[tag.value] = number;
   }
@@ -43,7 +43,7 @@ void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
 std::string_view ExtendedValueText(const CPrintOptionEx& record, const ExtendedTag& tag,
                                    NumberText& scratch) noexcept {
   return FormatInteger(
-      tag.field != nullptr ? GetInteger(record.m_Body, *tag.field) : record.m_Extended[tag.value],
+      tag.IsField() ? GetInteger(record.m_Body, tag.Field()) : record.m_Extended[tag.value],
       scratch);
 }
 

@@ -15,41 +15,51 @@ namespace ddb {
 struct ExtendedTag {
   std::uint16_t id;  // keyword id
   std::string_view name;
-  const Tag* field;     // of the body, or null:
-  ExtendedValue value;  // then this extended value
-  std::int32_t lowest;  // what a read number is clamped to; no clamp when both are 0
-  std::int32_t highest;
-  bool takesNoCode;  // all 32 bits set pass the clamp as -1
+  std::int16_t field;    // row of the tag table, or -1:
+  ExtendedValue value;   // then this extended value
+  std::int32_t lowest;   // what a read number is clamped to
+  std::int32_t highest;  // 0: no clamp
+  bool takesNoCode;      // all 32 bits set pass the clamp as -1
+
+  [[nodiscard]] constexpr bool IsField() const { return field >= 0; }
+  [[nodiscard]] constexpr const Tag& Field() const { return kTags[field]; }
 };
 
-inline constexpr std::int32_t kMinResolution = 50;  // dots per inch
-inline constexpr std::int32_t kMaxResolution = 1200;
+namespace extended {
+consteval ExtendedTag Field(std::uint16_t id, std::string_view name, std::string_view field,
+                            std::int32_t lowest = 0, std::int32_t highest = 0,
+                            bool takesNoCode = false) {
+  const auto row = static_cast<std::int16_t>(&TagNamed(field) - kTags.data());
+  return {id, name, row, kExtendedValues, lowest, highest, takesNoCode};
+}
+consteval ExtendedTag Value(std::uint16_t id, std::string_view name, ExtendedValue value) {
+  return {id, name, -1, value, 0, 0, false};
+}
+}  // namespace extended
 
-// clang-format off
 inline constexpr std::array<ExtendedTag, 20> kExtendedTags = {{
-    {256, "EXT_PGSIZE",      &TagNamed("PG_PPSIZE"), {},              0,              0,              false},
+    extended::Field(256, "EXT_PGSIZE", "PG_PPSIZE"),
     // "PG_PPSIZE" means the output size here and the paper size in the tag table: files rely on it.
-    {238, "PG_PPSIZE",       &TagNamed("PG_PSIZE"),  {},              0,              0,              false},
-    {239, "PG_CENTR",        &TagNamed("PG_CENTR"),  {},              0,              0,              false},
-    {240, "PG_FITTN",        &TagNamed("PG_FITTN"),  {},              0,              0,              false},
-    {241, "GR_DEPTH",        &TagNamed("GR_DEPTH"),  {},              kMinResolution, kMaxResolution, true},
-    {247, "PG_NUMBR",        &TagNamed("PG_NUMBR"),  {},              1,              9999,           false},
-    {248, "EXT_ORIENTATION", nullptr,                EXT_ORIENTATION, 0,              0,              false},
-    {249, "PG_MAGNI",        &TagNamed("PG_MAGNI"),  {},              0,              0,              false},
-    {250, "EXT_NUP",         nullptr,                EXT_NUP,         0,              0,              false},
-    {251, "PG_PTRAY",        &TagNamed("PG_PTRAY"),  {},              0,              0,              false},
-    {252, "EXT_ICMI",        nullptr,                EXT_ICMI,        0,              0,              false},
-    {253, "EXT_ICMM",        nullptr,                EXT_ICMM,        0,              0,              false},
-    {254, "EXT_TTOPT",       nullptr,                EXT_TTOPT,       0,              0,              false},
-    {257, "EXT_PSOUT",       nullptr,                EXT_PSOUT,       0,              0,              false},
-    {258, "EXT_PSFDL",       nullptr,                EXT_PSFDL,       0,              0,              false},
-    {259, "EXT_PSLLV",       nullptr,                EXT_PSLLV,       0,              0,              false},
-    {260, "EXT_PSERR",       nullptr,                EXT_PSERR,       0,              0,              false},
-    {261, "EXT_PSMRP",       nullptr,                EXT_PSMRP,       0,              0,              false},
-    {265, "EXT_NUPBORDER",   nullptr,                EXT_NUPBORDER,   0,              0,              false},
-    {255, "EXT_PAGEORDER",   nullptr,                EXT_PAGEORDER,   0,              0,              false},
+    extended::Field(238, "PG_PPSIZE", "PG_PSIZE"),
+    extended::Field(239, "PG_CENTR", "PG_CENTR"),
+    extended::Field(240, "PG_FITTN", "PG_FITTN"),
+    extended::Field(241, "GR_DEPTH", "GR_DEPTH", 50, 1200, true),  // dots per inch
+    extended::Field(247, "PG_NUMBR", "PG_NUMBR", 1, 9999),
+    extended::Value(248, "EXT_ORIENTATION", EXT_ORIENTATION),
+    extended::Field(249, "PG_MAGNI", "PG_MAGNI"),
+    extended::Value(250, "EXT_NUP", EXT_NUP),
+    extended::Field(251, "PG_PTRAY", "PG_PTRAY"),
+    extended::Value(252, "EXT_ICMI", EXT_ICMI),
+    extended::Value(253, "EXT_ICMM", EXT_ICMM),
+    extended::Value(254, "EXT_TTOPT", EXT_TTOPT),
+    extended::Value(257, "EXT_PSOUT", EXT_PSOUT),
+    extended::Value(258, "EXT_PSFDL", EXT_PSFDL),
+    extended::Value(259, "EXT_PSLLV", EXT_PSLLV),
+    extended::Value(260, "EXT_PSERR", EXT_PSERR),
+    extended::Value(261, "EXT_PSMRP", EXT_PSMRP),
+    extended::Value(265, "EXT_NUPBORDER", EXT_NUPBORDER),
+    extended::Value(255, "EXT_PAGEORDER", EXT_PAGEORDER),
 }};
-// clang-format on
 
 // Parses `valueText` into the record, or renders the value into it (a buffer of kValueTextSize
 // bytes). False, and nothing changed, when the tag is not in the table; case counts.

@@ -13,7 +13,7 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -60,10 +60,10 @@ class CFavoriteFileManager {
   void WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const;
 
  private:
-  class Reader;
-
-  [[nodiscard]] std::string_view ReadFile(const char* path);
-  [[nodiscard]] std::string SavePrintOptionInfo(const char* path);
+  // Both answer a view of contents_. The item line begins the second one's answer; it is empty
+  // when there is no such file yet.
+  [[nodiscard]] std::optional<std::string_view> ReadFile(const char* path);
+  [[nodiscard]] std::string_view SavePrintOptionInfo(const char* path);
 
   FavoriteKeys keys_;
   std::vector<char> contents_;

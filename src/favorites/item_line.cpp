@@ -19,7 +19,7 @@ std::uint32_t Hash(std::string_view tag) noexcept {
 
 }  // namespace
 
-bool ItemReader::Next(Item& item) noexcept {
+bool ItemReader::ReadPrintOptionOne(Item& item) noexcept {
   const std::size_t end = line_.size();
   std::size_t at = at_;
   while (at < end && line_[at] == '\t') {
@@ -60,7 +60,7 @@ ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
   store_.reserve(2 * kItemLineSize);
   ItemReader reader(kept);
   ItemReader::Item item;
-  while (reader.Next(item)) {
+  while (reader.ReadPrintOptionOne(item)) {
     const std::size_t end = std::min(kept.find_first_not_of('\t', reader.End()), kept.size());
     Add(Store(item.tag), Store(item.text), end - reader.End());
   }

@@ -30,7 +30,7 @@ class ItemReader {
 
   // False at the end of the line; `item.text` is then what no TAB has ended, its tag and value set
   // if there is a "=". `item.tag` is valid until the next call.
-  bool Next(Item& item) noexcept;
+  bool ReadPrintOptionOne(Item& item) noexcept;
 
   // After the last item: the offset behind the line's LF, or of the end of the text.
   [[nodiscard]] std::size_t End() const noexcept { return at_; }

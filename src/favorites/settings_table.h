@@ -1,4 +1,4 @@
-// The rows behind SettingRows() and SettingTexts(). Only settings_mapping.cpp includes this.
+// The rows behind SettingRows() and SettingTexts(), and behind the tag list of favourites.
 #pragma once
 
 #include <array>

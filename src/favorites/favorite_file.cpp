@@ -1,0 +1,260 @@
+#include "favorites/favorite_file.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "ddb/extended_option.h"
+#include "ddb/number_text.h"
+#include "ddb/tag_text.h"
+#include "favorites/favorite_tag_list.h"
+#include "favorites/item_line.h"
+#include "platform/trace.h"
+
+namespace zn {
+namespace {
+
+constexpr std::size_t kNumberLine = 256;   // bytes that the reader takes at most, LF included
+constexpr std::size_t kKeyedLine = 266;    // as much for "Comment=" and "PageSize="
+constexpr std::size_t kFirstRead = 8192;   // bytes; more than a file of this system has
+constexpr std::size_t kMaxRead = 1 << 20;  // of a file that is something else altogether
+constexpr bool kTranslateMediaCodes = true;
+
+constexpr std::string_view kCommentKey = "Comment=";
+constexpr std::string_view kPageSizeKey = "PageSize=";
+
+// Which stored user information a job uses is the user's own business, not the favourite's.
+constexpr std::array<std::string_view, 5> kNeverWritten = {"OT_USEICC", "OT_USEICUID", "OT_USEICUC",
+                                                           "OT_USEICUP", "OT_USEICAID"};
+
+struct FileCloser {
+  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using UniqueFile = std::unique_ptr<std::FILE, FileCloser>;
+
+std::string_view OrElse(std::string_view key, std::string_view fallback) {
+  return key.empty() ? fallback : key;
+}
+
+std::string_view UpToNul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+constexpr const char* kSource = "favorites\\FavoriteFileManager";
+constexpr const char* kClass = "CFavoriteFileManager";
+
+void ReadItem(ddb::CPrintOptionEx& option, const ItemReader::Item& item) {
+  if (const ddb::ExtendedTag* extended = ddb::FindExtendedTag(item.tag)) {
+    ddb::ParseExtendedValue(option, *extended, item.value);
+  } else if (const ddb::Tag* tag = ddb::FindTag(item.tag)) {
+    ddb::ParseValue(option.m_Body, *tag, item.value, kTranslateMediaCodes);
+  }
+}
+
+std::string_view GetItemValue(const ddb::CPrintOptionEx& option, const ListedTag& tag,
+                              ddb::NumberText& scratch) {
+  if (tag.extended != nullptr) {
+    return ddb::ExtendedValueText(option, *tag.extended, scratch);
+  }
+  return ddb::ValueText(option.m_Body, *tag.tag, kTranslateMediaCodes, scratch).value_or("");
+}
+
+// Adds the record's items; stops at the first one that does not fit.
+void PlaceItems(const ddb::CPrintOptionEx& option, ItemLine& line) {
+  for (const ListedTag& tag : GetFavoriteTagList()) {
+    ddb::NumberText scratch;
+    std::string text;
+    std::string_view value = GetItemValue(option, tag, scratch);
+    if (tag.tag != nullptr && tag.tag->kind == ddb::kText) {
+      // An empty text is not worth a new item, but it has to replace an old one.
+      if (value.empty() && !line.Has(tag.name)) {
+        continue;
+      }
+      value = text = OneLine(value);
+    }
+    if (!line.Place(tag.name, value)) {
+      return;
+    }
+    ZN_TRACE_TEXT(kSource, kClass, " %s::WritePrintOption() %s\n", kClass, tag.name.data());
+  }
+}
+
+// Takes lines from the front of a file.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view file) : rest_(file) {}
+
+  // The next line without its LF; nothing, and nothing taken, unless the LF is among the first
+  // `maxSize` bytes.
+  std::optional<std::string_view> ReadLine(std::size_t maxSize) {
+    const std::size_t end = rest_.substr(0, maxSize).find('\n');
+    if (end == std::string_view::npos) {
+      return std::nullopt;
+    }
+    const std::string_view line = rest_.substr(0, end);
+    Skip(end + 1);
+    return line;
+  }
+
+  // The text behind `key` if the next line begins with it; otherwise the line is not taken.
+  std::optional<std::string_view> ReadKeyedLine(std::string_view key) {
+    const std::string_view before = rest_;
+    const auto line = ReadLine(kKeyedLine);
+    if (line && line->starts_with(key)) {
+      return UpToNul(line->substr(key.size()));
+    }
+    rest_ = before;
+    return std::nullopt;
+  }
+
+  // The third header number: a line of one digit; otherwise the line is not taken.
+  std::optional<std::int32_t> ReadDigitLine() {
+    if (rest_.size() < 2 || rest_[1] != '\n' || rest_[0] < '0' || rest_[0] > '9') {
+      return std::nullopt;
+    }
+    const std::int32_t digit = rest_[0] - '0';
+    Skip(2);
+    return digit;
+  }
+
+  void Skip(std::size_t size) { rest_.remove_prefix(size); }
+  [[nodiscard]] std::string_view Rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+// What stands before the item line.
+struct Header {
+  std::int32_t number1;
+  std::int32_t number2;
+  std::optional<std::int32_t> number3;
+  std::optional<std::string_view> comment;
+};
+
+std::optional<Header> ReadHeader(LineReader& reader, std::string_view commentKey) {
+  const auto line1 = reader.ReadLine(kNumberLine);
+  const auto line2 = line1 ? reader.ReadLine(kNumberLine) : std::nullopt;
+  if (!line2) {
+    return std::nullopt;
+  }
+  Header header{ddb::ParseInteger(*line1), ddb::ParseInteger(*line2), {}, {}};
+  header.number3 = reader.ReadDigitLine();
+  header.comment = reader.ReadKeyedLine(commentKey);
+  return header;
+}
+
+// The item line: takes what can be read of it, whatever it holds.
+void ReadPrintOption(ddb::CPrintOptionEx& option, LineReader& reader) {
+  ItemReader items(reader.Rest());
+  ItemReader::Item item;
+  while (items.ReadPrintOptionOne(item)) {
+    ReadItem(option, item);
+  }
+  reader.Skip(items.End());
+}
+
+bool WriteLine(std::FILE* file, std::string_view text) {
+  return std::fwrite(text.data(), 1, text.size(), file) == text.size() &&
+         std::fputc('\n', file) != EOF;
+}
+
+bool WriteNumber(std::FILE* file, std::int32_t number) {
+  ddb::NumberText scratch;
+  return WriteLine(file, ddb::FormatInteger(number, scratch));
+}
+
+bool WriteKeyedLine(std::FILE* file, std::string_view key, std::string_view text,
+                    std::size_t maxText) {
+  return WriteLine(file, std::string(key).append(OneLine(text, true).substr(0, maxText)));
+}
+
+}  // namespace
+
+CFavoriteFileManager::CFavoriteFileManager(FavoriteKeys keys) : keys_(std::move(keys)) {}
+
+bool CFavoriteFileManager::LoadFavoriteFromPath(FavoriteEntry& entry, const char* path) {
+  const auto file = ReadFile(path);
+  return file && LoadFavoriteFromMemory(entry, *file);
+}
+
+bool CFavoriteFileManager::LoadFavoriteFromMemory(FavoriteEntry& entry,
+                                                  std::string_view file) const {
+  LineReader reader(file);
+  const auto header = ReadHeader(reader, OrElse(keys_.comment, kCommentKey));
+  if (!header) {
+    return false;
+  }
+  entry.number1 = header->number1;
+  entry.number2 = header->number2;
+  entry.number3 = header->number3.value_or(entry.number3);
+  if (header->comment) {
+    entry.comment = header->comment->substr(0, kMaxComment);
+  }
+  ReadPrintOption(entry.option, reader);
+  if (const auto name = reader.ReadKeyedLine(OrElse(keys_.pageSize, kPageSizeKey))) {
+    entry.pageSizeName = name->substr(0, kMaxPageSizeName);
+  }
+  return true;
+}
+
+bool CFavoriteFileManager::SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path) {
+  ItemLine items(SavePrintOptionInfo(path));
+  for (const std::string_view tag : kNeverWritten) {
+    items.Remove(tag);
+  }
+  PlaceItems(entry.option, items);
+  const std::string line = items.Text();
+
+  UniqueFile file(std::fopen(path, "wb"));
+  if (file == nullptr) {
+    return false;
+  }
+  const std::string_view commentKey = OrElse(keys_.comment, kCommentKey);
+  // Without a string table this line gets the other key: existing files of that kind are read so.
+  const std::string_view pageSizeKey = OrElse(keys_.pageSize, kCommentKey);
+  const bool written =
+      WriteNumber(file.get(), entry.number1) && WriteNumber(file.get(), entry.number2) &&
+      // More than one digit would be taken for the item line.
+      WriteNumber(file.get(), std::clamp(entry.number3, 0, 9)) &&
+      WriteKeyedLine(file.get(), commentKey, entry.comment, kMaxComment) && !line.empty() &&
+      WriteLine(file.get(), line) &&
+      WriteKeyedLine(file.get(), pageSizeKey, entry.pageSizeName, kMaxPageSizeName);
+  // Closing writes what is still buffered: a full disk may show only here.
+  return std::fclose(file.release()) == 0 && written;
+}
+
+void CFavoriteFileManager::WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const {
+  ItemLine items;
+  PlaceItems(entry.option, items);
+  const std::string line = items.Text();
+  if (!out.empty()) {
+    const std::size_t size = line.copy(out.data(), out.size() - 1);
+    out[size] = '\0';
+  }
+}
+
+std::string_view CFavoriteFileManager::SavePrintOptionInfo(const char* path) {
+  LineReader reader(ReadFile(path).value_or(std::string_view{}));
+  return ReadHeader(reader, OrElse(keys_.comment, kCommentKey)) ? reader.Rest()
+                                                                : std::string_view{};
+}
+
+std::optional<std::string_view> CFavoriteFileManager::ReadFile(const char* path) {
+  const UniqueFile file(std::fopen(path, "rb"));
+  if (file == nullptr) {
+    return std::nullopt;
+  }
+  std::size_t size = 0;
+  contents_.resize(std::max(contents_.size(), kFirstRead));
+  for (;;) {
+    size += std::fread(contents_.data() + size, 1, contents_.size() - size, file.get());
+    if (size < contents_.size() || size >= kMaxRead) {
+      return std::string_view(contents_.data(), size);
+    }
+    contents_.resize(contents_.size() * 4);
+  }
+}
+
+}  // namespace zn
