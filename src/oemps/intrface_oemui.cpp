@@ -6,20 +6,11 @@
 
 #include "oemps/boundary.h"
 #include "oemps/devmode.h"
+#include "oemps/hr_devmode.h"
 #include "oemps/oemui.h"
 #include "oemps/printer_event.h"
 #include "oemps/satellite.h"
 #include "platform/trace.h"
-
-#if __has_include("oemps/hr_devmode.h")
-#include "oemps/hr_devmode.h"
-#else
-namespace zn {
-static HRESULT hrOEMDevMode(DWORD, OEMDMPARAM*) {
-  return E_NOTIMPL;
-}
-}  // namespace zn
-#endif
 
 // A trace of one method; every text begins with its name.
 #define TRACE_METHOD(method, format, ...) \

@@ -1,13 +1,61 @@
 #include "oemps/oemui.h"
 
+#include "oemps/boundary.h"
+#include "oemps/oemui_common.h"
+#include "platform/resources.h"
+
 namespace zn {
-HRESULT hrOEMPropertyPage(DWORD, OEMCUIPPARAM*) {
-  return E_NOTIMPL;
+namespace {
+
+wchar_t kSheetTitle[] = L"OEM UI Page";
+
+}  // namespace
+
+bool IsUsable(const PROPSHEETUI_INFO* info) noexcept {
+  return info != nullptr && info->cbSize >= sizeof *info &&
+         info->Version == PROPSHEETUI_INFO_VERSION;
 }
-HRESULT hrOEMDocumentPropertySheets(PROPSHEETUI_INFO*, LPARAM, IPrintOemDriverUI*) {
-  return E_NOTIMPL;
+
+void AnswerHeader(PROPSHEETUI_INFO& info, LPARAM lParam) noexcept {
+  if (auto* header = reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(lParam)) {
+    // The core driver is a Unicode client: it reads a wide text, whatever this build declares.
+    header->pTitle = reinterpret_cast<LPTSTR>(kSheetTitle);
+  }
+  info.Result = 1;
 }
-HRESULT hrOEMDevicePropertySheets(PROPSHEETUI_INFO*, LPARAM) {
-  return E_NOTIMPL;
+
+void AnswerSetResult(PROPSHEETUI_INFO& info, LPARAM lParam) noexcept {
+  const auto* result = reinterpret_cast<const SETRESULT_INFO*>(lParam);
+  info.Result = result != nullptr ? result->Result : 0;
 }
+
+LONG_PTR AddDialogPage(const PROPSHEETUI_INFO& info, int templateId, DLGPROC procedure,
+                       LPARAM lParam) noexcept {
+  if (info.pfnComPropSheet == nullptr) {
+    return 0;
+  }
+  PROPSHEETPAGEA page{};
+  page.dwSize = sizeof page;
+  page.hInstance = ResourceInstance();
+  page.pszTemplate = MAKEINTRESOURCEA(templateId);
+  page.pfnDlgProc = procedure;
+  page.lParam = lParam;
+  return info.pfnComPropSheet(info.hComPropSheet, CPSFUNC_ADD_PROPSHEETPAGEA,
+                              reinterpret_cast<LPARAM>(&page), 0);
+}
+
+HRESULT hrOEMPropertyPage(DWORD dwMode, OEMCUIPPARAM* pOemCUIPParam) {
+  if (pOemCUIPParam == nullptr || pOemCUIPParam->cbSize < sizeof *pOemCUIPParam) {
+    return FailWith(ERROR_INVALID_PARAMETER);
+  }
+  switch (dwMode) {
+    case OEMCUIP_DOCPROP:
+      return PrepareDocument(*pOemCUIPParam);
+    case OEMCUIP_PRNPROP:
+      return RecordPrinter(*pOemCUIPParam);
+    default:
+      return FailWith(ERROR_INVALID_PARAMETER);
+  }
+}
+
 }  // namespace zn

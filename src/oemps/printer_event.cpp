@@ -8,16 +8,9 @@
 #include <optional>
 #include <string>
 
+#include "oemps/user_info.h"
 #include "platform/handles.h"
 #include "platform/trace.h"
-
-#if __has_include("oemps/user_info.h")
-#include "oemps/user_info.h"
-#else
-namespace zn {
-static void PrinterEventDelete(const char*) {}
-}  // namespace zn
-#endif
 
 namespace zn {
 namespace {
