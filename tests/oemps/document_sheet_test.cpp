@@ -1,0 +1,333 @@
+// Printing preferences: preparation through CommonUIProp, the pages of a sheet, its end.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <thread>
+
+#include "document_job.h"
+#include "iat_patch.h"
+#include "plugin_client.h"
+#include "session/sheet_context.h"
+
+namespace zn::test {
+namespace {
+
+constexpr DWORD kOdd = 0xA5A5A5A5;
+
+struct ShownBox {
+  HWND owner;
+  std::string text, caption;
+  UINT type;
+};
+std::vector<ShownBox> g_boxes;
+
+int WINAPI RecordBox(HWND owner, const char* text, const char* caption, UINT type) {
+  g_boxes.push_back({owner, text, caption, type});
+  return IDOK;
+}
+
+class DocumentSheet : public testing::Test {
+ protected:
+  DocumentSheet() { g_boxes.clear(); }
+
+  FakeSheet NewSheet() { return {*object_, &IPrintOemUI::DocumentPropertySheets}; }
+  static SheetContext* ContextOf(const FakeSheet& sheet) {
+    return reinterpret_cast<SheetContext*>(sheet.calls.at(0).page.lParam);
+  }
+
+  PlugIn plugIn_;
+  ImportPatch box_{plugIn_.Module(), "MessageBoxA", &RecordBox};
+  FakeHelper helper_;
+  ComPtr<IPrintOemUI> object_ = plugIn_.Object();
+};
+
+TEST_F(DocumentSheet, PreparationHidesEveryItemOfTheDriver) {
+  DocumentJob job(*object_);
+  ASSERT_EQ(job.Prepare(), S_OK);
+  EXPECT_EQ(job.param.cOEMOptItems, 0U);
+  for (const OPTITEM& item : job.items) {
+    EXPECT_EQ(item.Flags & (OPTIF_HIDE | OPTIF_CALLBACK), DWORD{OPTIF_HIDE | OPTIF_CALLBACK});
+  }
+}
+
+TEST_F(DocumentSheet, SizingCallReportsNoItemsAndPreparesNothing) {
+  DocumentJob job(*object_);
+  job.param.cOEMOptItems = 7;
+  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &job.param), S_OK);
+  EXPECT_EQ(job.param.cOEMOptItems, 0U);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+  EXPECT_EQ(job.items[0].Flags & OPTIF_HIDE, 0U);
+}
+
+TEST_F(DocumentSheet, PreparationRefusesWhatItCannotUse) {
+  DocumentJob job(*object_);
+  const OEMCUIPPARAM good = job.param;
+  CDevMode foreign;
+  foreign.SetDefaults();
+  foreign.SetDWord(0, kDevModeSize - 4);
+  const auto refused = [&](const char* what) {
+    SCOPED_TRACE(what);
+    ::SetLastError(kOdd);
+    EXPECT_EQ(job.Prepare(), E_FAIL);
+    EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_EQ(job.items[0].Flags & OPTIF_HIDE, 0U);
+    FakeSheet sheet = NewSheet();
+    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+    EXPECT_TRUE(sheet.calls.empty());
+    EXPECT_EQ(sheet.info.Result, 0U);
+    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
+    job.param = good;
+  };
+  job.param.pOEMDM = nullptr;
+  refused("no block");
+  job.param.pOEMDM = &foreign;
+  refused("another block");
+  job.param.pPublicDM = nullptr;
+  refused("no public part");
+  job.param.hOEMHeap = nullptr;
+  refused("no heap");
+  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, nullptr), E_FAIL);
+  job.param.cbSize = sizeof job.param - 8;
+  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &job.param), E_FAIL);
+  job.param = good;
+  EXPECT_EQ(object_->CommonUIProp(3, &job.param), E_FAIL);
+  job.param.pDrvOptItems = nullptr;  // with its count
+  EXPECT_EQ(job.Prepare(), S_OK);
+  job.param.hOEMHeap = good.hOEMHeap;
+}
+
+TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
+  DocumentJob job(*object_);
+  job.Prepare();
+  FakeSheet sheet = NewSheet();
+  ASSERT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+
+  const int templates[] = {1066, 1030, 1072, 0, 1000};
+  ASSERT_EQ(sheet.calls.size(), std::size(templates));
+  std::set<DLGPROC> procedures;
+  for (std::size_t i = 0; i < sheet.calls.size(); ++i) {
+    const SheetCall& call = sheet.calls[i];
+    if (templates[i] == 0) {
+      continue;
+    }
+    EXPECT_EQ(call.function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
+    EXPECT_EQ(call.page.dwSize, sizeof(PROPSHEETPAGEA));
+    EXPECT_EQ(call.page.dwFlags, 0U);
+    EXPECT_EQ(call.page.hInstance, plugIn_.Module());
+    EXPECT_EQ(call.page.pszTemplate, MAKEINTRESOURCEA(templates[i]));
+    EXPECT_EQ(call.page.lParam, sheet.calls[0].page.lParam);
+    EXPECT_NE(::FindResourceA(plugIn_.Module(), call.page.pszTemplate, RT_DIALOG), nullptr);
+    procedures.insert(call.page.pfnDlgProc);
+  }
+  EXPECT_EQ(procedures.size(), 4U);
+  EXPECT_FALSE(procedures.contains(nullptr));
+
+  const SheetCall& tree = sheet.calls[3];
+  EXPECT_EQ(tree.function, UINT{CPSFUNC_INSERT_PSUIPAGEA});
+  EXPECT_EQ(tree.first, 103);  // the handle of page 3
+  EXPECT_EQ(tree.insert.cbSize, sizeof(INSERTPSUIPAGE_INFO));
+  EXPECT_EQ(tree.insert.Type, PSUIPAGEINSERT_PCOMPROPSHEETUI);
+  EXPECT_EQ(tree.insert.Mode, INSPSUIPAGE_MODE_LAST_CHILD);
+  EXPECT_EQ(tree.tree.hInstCaller, plugIn_.Module());
+  EXPECT_EQ(sheet.info.Result, 105U);  // the handle of page 4
+  EXPECT_TRUE(g_boxes.empty());
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
+  object_->PublishDriverInterface(&helper_);
+  DocumentJob job(*object_);
+  OEMUIOBJ prepared{};
+  OEMUIOBJ shown{};
+  job.param.poemuiobj = &prepared;
+  job.Prepare();
+  FakeSheet sheet = NewSheet();
+  sheet.param.poemuiobj = &shown;
+  sheet.Send(PROPSHEETUI_REASON_INIT);
+
+  const SheetContext& context = *ContextOf(sheet);
+  EXPECT_EQ(context.hOEMHeap, job.param.hOEMHeap);
+  EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
+  EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
+  EXPECT_EQ(context.poemuiobj, &shown);
+  EXPECT_EQ(context.pOEMHelp, &helper_);
+  EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
+  EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
+  EXPECT_EQ(context.hLastPage, 105);
+  EXPECT_TRUE(context.hasPageOrder);
+  EXPECT_TRUE(context.mayChangeSettings);
+  EXPECT_TRUE(context.treeReadOnlyFlag);
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
+  DocumentJob job(*object_);
+  OEMUIOBJ prepared{};
+  job.param.poemuiobj = &prepared;
+  job.param.dwFlags = 0x20;  // DM_NOPERMISSION
+  job.items[4].DMPubID = DMPUB_NONE;
+  job.Prepare();
+  FakeSheet sheet = NewSheet();
+  sheet.info.lParamInit = 0;
+  sheet.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_FALSE(ContextOf(sheet)->mayChangeSettings);
+  EXPECT_FALSE(ContextOf(sheet)->hasPageOrder);
+  EXPECT_EQ(ContextOf(sheet)->poemuiobj, &prepared);
+  EXPECT_EQ(ContextOf(sheet)->pOEMHelp, nullptr);
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, AnswersTheOtherReasons) {
+  FakeSheet sheet = NewSheet();
+  PROPSHEETUI_INFO_HEADER header{};
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header)),
+            S_OK);
+  EXPECT_STREQ(reinterpret_cast<const wchar_t*>(header.pTitle), L"OEM UI Page");
+  EXPECT_EQ(sheet.info.Result, 1U);
+  SETRESULT_INFO set{};
+  set.Result = 4711;
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&set)), S_OK);
+  EXPECT_EQ(sheet.info.Result, 4711U);
+  for (const int reason : {4, 5, 99}) {
+    EXPECT_EQ(sheet.Send(reason), S_OK);
+    EXPECT_EQ(sheet.info.Result, 0U);
+  }
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
+  EXPECT_EQ(sheet.info.Result, 1U);
+  for (const int reason : {PROPSHEETUI_REASON_GET_INFO_HEADER, PROPSHEETUI_REASON_SET_RESULT}) {
+    EXPECT_EQ(sheet.Send(reason), S_OK);  // without a record
+  }
+}
+
+TEST_F(DocumentSheet, RefusesAnotherRecord) {
+  FakeSheet sheet = NewSheet();
+  const PROPSHEETUI_INFO good = sheet.info;
+  const auto refused = [&] {
+    ::SetLastError(kOdd);
+    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), E_FAIL);
+    EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_EQ(sheet.info.Result, FakeSheet::kUntouched);
+    sheet.info = good;
+  };
+  sheet.info.Version = 0x0101;
+  refused();
+  sheet.info.cbSize = sizeof sheet.info - 8;
+  refused();
+  ::SetLastError(kOdd);
+  EXPECT_EQ(object_->DocumentPropertySheets(nullptr, 0), E_FAIL);
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+}
+
+TEST_F(DocumentSheet, WithoutACallbackNoPageIsAdded) {
+  DocumentJob job(*object_);
+  job.Prepare();
+  FakeSheet sheet = NewSheet();
+  sheet.info.pfnComPropSheet = nullptr;
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+  EXPECT_EQ(sheet.info.Result, 0U);
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+}
+
+TEST_F(DocumentSheet, EndOfTheSheetGivesItsDataBack) {
+  for (int round = 0; round < 3; ++round) {
+    DocumentJob job(*object_);
+    job.Prepare();
+    EXPECT_EQ(job.BusyBlocks(), 1);
+    FakeSheet sheet = NewSheet();
+    sheet.Send(PROPSHEETUI_REASON_INIT);
+    EXPECT_EQ(sheet.calls.size(), 5U);
+    sheet.Send(PROPSHEETUI_REASON_DESTROY, 1);
+    EXPECT_EQ(job.BusyBlocks(), 0);
+  }
+}
+
+TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
+  DocumentJob job(*object_);
+  job.Prepare();
+  FakeSheet first = NewSheet();
+  first.Send(PROPSHEETUI_REASON_INIT);
+
+  DocumentJob later(*object_);
+  later.param.cOEMOptItems = 7;
+  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &later.param), S_OK);
+  EXPECT_EQ(later.param.cOEMOptItems, 7U);  // an open sheet: nothing is done
+  EXPECT_EQ(later.BusyBlocks(), 0);
+  FakeSheet second = NewSheet();
+  EXPECT_EQ(second.Send(PROPSHEETUI_REASON_INIT), S_OK);
+  EXPECT_TRUE(second.calls.empty());
+  EXPECT_EQ(second.info.Result, 0U);
+  ASSERT_EQ(g_boxes.size(), 1U);
+  // "QuorraQR..." and the caption in code page 932.
+  EXPECT_EQ(g_boxes[0].text.substr(0, 8), "QuorraQR");
+  EXPECT_EQ(g_boxes[0].text.size(), 72U);
+  EXPECT_EQ(g_boxes[0].caption, "\x8C\x78\x8D\x90");
+  EXPECT_EQ(g_boxes[0].type, UINT{MB_ICONEXCLAMATION});
+
+  second.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(job.BusyBlocks(), 1);
+  first.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+
+  DocumentJob third(*object_);
+  EXPECT_EQ(third.Prepare(), S_OK);
+  FakeSheet again = NewSheet();
+  again.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(again.calls.size(), 5U);
+  EXPECT_EQ(g_boxes.size(), 1U);
+  again.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, WarnedSheetStillCountsAfterTheFirstHasGone) {
+  DocumentJob job(*object_);
+  job.Prepare();
+  FakeSheet first = NewSheet();
+  first.Send(PROPSHEETUI_REASON_INIT);
+  FakeSheet second = NewSheet();
+  second.Send(PROPSHEETUI_REASON_INIT);
+  first.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+
+  FakeSheet third = NewSheet();
+  third.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(g_boxes.size(), 2U);
+  third.Send(PROPSHEETUI_REASON_DESTROY);
+  second.Send(PROPSHEETUI_REASON_DESTROY);
+  second.Send(PROPSHEETUI_REASON_DESTROY);  // once too often
+  EXPECT_EQ(job.Prepare(), S_OK);
+  FakeSheet fourth = NewSheet();
+  fourth.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(fourth.calls.size(), 5U);
+  fourth.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, AnotherThreadDoesNotFreeTheData) {
+  DocumentJob job(*object_);
+  job.Prepare();
+  FakeSheet sheet = NewSheet();
+  sheet.Send(PROPSHEETUI_REASON_INIT);
+  std::thread([&] { sheet.Send(PROPSHEETUI_REASON_DESTROY); }).join();
+  EXPECT_EQ(sheet.info.Result, 1U);
+  EXPECT_EQ(job.BusyBlocks(), 1);
+}
+
+TEST_F(DocumentSheet, PreparedButNeverShownIsForgotten) {
+  {
+    DocumentJob abandoned(*object_);
+    abandoned.Prepare();
+  }  // its heap is gone
+  DocumentJob job(*object_);
+  EXPECT_EQ(job.Prepare(), S_OK);
+  FakeSheet sheet = NewSheet();
+  sheet.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(ContextOf(sheet)->hOEMHeap, job.param.hOEMHeap);
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+  FakeSheet unprepared = NewSheet();
+  unprepared.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_TRUE(unprepared.calls.empty());
+}
+
+}  // namespace
+}  // namespace zn::test

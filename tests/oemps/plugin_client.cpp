@@ -1,0 +1,95 @@
+#include "plugin_client.h"
+
+#include <gtest/gtest.h>
+
+namespace zn::test {
+
+PlugIn::PlugIn(const std::string& path) : module_(::LoadLibraryA(path.c_str())) {
+  EXPECT_NE(module_, nullptr) << path;
+}
+
+PlugIn::~PlugIn() {
+  ::FreeLibrary(module_);
+}
+
+HRESULT PlugIn::GetClassObject(REFCLSID clsid, REFIID iid, void** out) const {
+  using Function = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+  return reinterpret_cast<Function>(::GetProcAddress(module_, "DllGetClassObject"))(clsid, iid,
+                                                                                    out);
+}
+
+HRESULT PlugIn::CanUnloadNow() const {
+  using Function = HRESULT(STDAPICALLTYPE*)();
+  return reinterpret_cast<Function>(::GetProcAddress(module_, "DllCanUnloadNow"))();
+}
+
+ComPtr<IClassFactory> PlugIn::Factory() const {
+  void* factory = nullptr;
+  EXPECT_EQ(GetClassObject(CLSID_OEMUI, IID_IClassFactory, &factory), S_OK);
+  return ComPtr<IClassFactory>(static_cast<IClassFactory*>(factory));
+}
+
+ComPtr<IPrintOemUI> PlugIn::Object() const {
+  void* object = nullptr;
+  EXPECT_EQ(Factory()->CreateInstance(nullptr, IID_IPrintOemUI, &object), S_OK);
+  return ComPtr<IPrintOemUI>(static_cast<IPrintOemUI*>(object));
+}
+
+FakeHelper::~FakeHelper() {
+  EXPECT_EQ(references, 1U);
+}
+
+HRESULT FakeHelper::QueryInterface(REFIID iid, void** out) {
+  ++queries;
+  if (iid != IID_IUnknown && !(isDriverHelper_ && iid == IID_IPrintOemDriverUI)) {
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  *out = this;
+  AddRef();
+  return S_OK;
+}
+
+HRESULT FakeHelper::DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD, PDWORD) {
+  return E_NOTIMPL;
+}
+
+HRESULT FakeHelper::DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) {
+  return E_NOTIMPL;
+}
+
+HRESULT FakeHelper::DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) {
+  return S_OK;
+}
+
+FakeSheet::FakeSheet(IPrintOemUI& object, Method method) : object_(object), method_(method) {
+  param.cbSize = sizeof param;
+  info.cbSize = sizeof info;
+  info.Version = PROPSHEETUI_INFO_VERSION;
+  info.hComPropSheet = this;
+  info.pfnComPropSheet = &OnCall;
+  info.lParamInit = reinterpret_cast<LPARAM>(&param);
+}
+
+HRESULT FakeSheet::Send(int reason, LPARAM lParam) {
+  info.Reason = static_cast<WORD>(reason);
+  info.Result = kUntouched;
+  return (object_.*method_)(&info, lParam);
+}
+
+LONG_PTR CALLBACK FakeSheet::OnCall(HANDLE sheet, UINT function, LPARAM first, LPARAM second) {
+  SheetCall call{};
+  call.function = function;
+  call.first = first;
+  if (function == CPSFUNC_ADD_PROPSHEETPAGEA) {
+    call.page = *reinterpret_cast<const PROPSHEETPAGEA*>(first);
+  } else if (function == CPSFUNC_INSERT_PSUIPAGEA) {
+    call.insert = *reinterpret_cast<const INSERTPSUIPAGE_INFO*>(second);
+    call.tree = *reinterpret_cast<const COMPROPSHEETUI*>(call.insert.dwData1);
+  }
+  auto& calls = static_cast<FakeSheet*>(sheet)->calls;
+  calls.push_back(call);
+  return static_cast<LONG_PTR>(100 + calls.size());
+}
+
+}  // namespace zn::test

@@ -1,0 +1,120 @@
+// The satellite resource module: which one is found, and how long it stays.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "iat_patch.h"
+#include "plugin_client.h"
+
+namespace zn::test {
+namespace {
+
+constexpr LANGID kBritishEnglish = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_UK);
+constexpr LANGID kAustrianGerman = MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN_AUSTRIAN);
+
+LANGID WINAPI UserLanguage() {
+  return kBritishEnglish;
+}
+LANGID WINAPI SystemLanguage() {
+  return kAustrianGerman;
+}
+UINT WINAPI KoreanCodePage() {
+  return 949;
+}
+UINT WINAPI UnknownCodePage() {
+  return 12345;
+}
+
+DWORD g_nameLength = 0;
+DWORD WINAPI ModuleName(HMODULE, char* name, DWORD size) {
+  std::fill_n(name, size, 'x');
+  return g_nameLength;
+}
+
+// The plug-in in a folder of its own, with satellites beside it.
+class Satellite : public testing::Test {
+ protected:
+  Satellite() {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    std::filesystem::copy_file("Zn55psu1.dll", folder_ / "Zn55psu1.dll");
+  }
+  ~Satellite() override { std::filesystem::remove_all(folder_); }
+
+  void Install(const std::string& tag) {
+    std::filesystem::copy_file(ZN_TEST_MODULE, folder_ / ("Zn55psu1" + tag + ".dll"));
+  }
+  [[nodiscard]] std::string PlugInPath() const { return (folder_ / "Zn55psu1.dll").string(); }
+  // The resource module that the pages of a sheet come from, by the end of its file name.
+  static std::string ResourceModule(IPrintOemUI& object) {
+    FakeSheet sheet(object, &IPrintOemUI::DevicePropertySheets);
+    sheet.Send(PROPSHEETUI_REASON_INIT);
+    char path[MAX_PATH] = "";
+    ::GetModuleFileNameA(sheet.calls.at(0).page.hInstance, path, sizeof path);
+    return std::filesystem::path(path).stem().string().substr(std::strlen("Zn55psu1"));
+  }
+
+ private:
+  const std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
+                                        ("zn_oemps_" + std::to_string(::GetCurrentProcessId()));
+};
+
+TEST_F(Satellite, IsLoadedOnceAndFreedWithTheLastObject) {
+  Install("JPN");
+  const PlugIn plugIn(PlugInPath());
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(::GetModuleHandleA("Zn55psu1JPN.dll"), nullptr);
+    auto first = plugIn.Object();
+    EXPECT_EQ(ResourceModule(*first), "JPN");
+    auto second = plugIn.Object();
+    first.reset();
+    EXPECT_EQ(ResourceModule(*second), "JPN");
+    second.reset();
+  }
+  EXPECT_EQ(::GetModuleHandleA("Zn55psu1JPN.dll"), nullptr);
+}
+
+struct Row {
+  std::vector<const char*> installed;
+  const char* loaded;
+};
+
+TEST_F(Satellite, LanguagesAreTriedInOrder) {
+  const Row rows[] = {
+      {{}, ""},         {{"FRA"}, ""},           {{"KOR"}, "KOR"},        {{"DEU", "KOR"}, "DEU"},
+      {{"DEA"}, "DEA"}, {{"ENU", "DEA"}, "ENU"}, {{"ENG", "ENU"}, "ENG"},
+  };
+  std::vector<std::string> present;
+  for (const Row& row : rows) {
+    for (const char* tag : row.installed) {
+      if (std::ranges::find(present, tag) == present.end()) {
+        Install(tag);
+        present.emplace_back(tag);
+      }
+    }
+    SCOPED_TRACE(row.loaded);
+    const PlugIn plugIn(PlugInPath());
+    const ImportPatch user(plugIn.Module(), "GetUserDefaultUILanguage", &UserLanguage);
+    const ImportPatch system(plugIn.Module(), "GetSystemDefaultUILanguage", &SystemLanguage);
+    const ImportPatch codePage(plugIn.Module(), "GetACP", &KoreanCodePage);
+    EXPECT_EQ(ResourceModule(*plugIn.Object()), row.loaded);
+  }
+}
+
+TEST_F(Satellite, IsGivenUpWithoutAModulePath) {
+  Install("JPN");
+  const PlugIn plugIn(PlugInPath());
+  const ImportPatch name(plugIn.Module(), "GetModuleFileNameA", &ModuleName);
+  const ImportPatch codePage(plugIn.Module(), "GetACP", &UnknownCodePage);
+  for (const DWORD length : {0U, 260U}) {
+    g_nameLength = length;
+    EXPECT_EQ(ResourceModule(*plugIn.Object()), "") << length;
+  }
+}
+
+}  // namespace
+}  // namespace zn::test
