@@ -44,6 +44,8 @@ struct PaperFields {
 using MarkedPaper = PaperFields<259, true>;
 using PlainPaper = PaperFields<260, false>;
 
+// The order of fields is the format, and a macro cannot put a name in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses,clang-analyzer-optin.performance.Padding)
 struct PrintOptionBody {
 #define NUMBER(tag, kind, initial) std::int32_t tag;
 #define SHARED(tag, field, kind, initial)
@@ -57,6 +59,7 @@ struct PrintOptionBody {
 #include "ddb/print_option_fields.inc"
   std::uint8_t reserved[84];
 };
+// NOLINTEND(bugprone-macro-parentheses,clang-analyzer-optin.performance.Padding)
 
 static_assert(sizeof(PrintOptionBody) == 16548);
 static_assert(offsetof(PrintOptionBody, PG_NUMBR) == 0);

@@ -34,6 +34,7 @@ struct Tag {
   std::int32_t initial;    // of a fresh record; texts start empty
 };
 
+// NOLINTBEGIN(bugprone-macro-parentheses)
 // clang-format off
 #define DDB_ROW(name, kind, marked, field, chars, initial) \
   {name, kind, marked, static_cast<std::uint16_t>(offsetof(PrintOptionBody, field)), chars, initial},
@@ -68,6 +69,7 @@ inline constexpr auto kTags = std::to_array<Tag>({
 #undef DDB_SHEET
 #undef DDB_ROW
 // clang-format on
+// NOLINTEND(bugprone-macro-parentheses)
 
 static_assert(kTags.size() == 536);
 inline constexpr std::size_t kMaxTagChars = 19;

@@ -12,19 +12,31 @@ namespace {
 // Collects tags once each, in the order of their first mention.
 class TagCollector {
  public:
-  constexpr void AddExtended(const ddb::ExtendedTag& row) { Add({row.name, &row, nullptr}); }
+  constexpr void AddExtended(std::size_t row) {
+    if (!seenExtended_[row]) {
+      seenExtended_[row] = true;
+      const ddb::ExtendedTag& tag = ddb::kExtendedTags[row];
+      list_[size_++] = {tag.name, &tag, nullptr};
+    }
+  }
 
-  // Every name under which a reader finds the field; one that is left out of a file would let an
-  // old item of that name speak last.
+  // Every name under which a reader finds the field: an old item of a name that is left out would
+  // have the last word at the next load.
   constexpr void AddField(const ddb::Tag& field) {
-    for (const ddb::ExtendedTag& row : ddb::kExtendedTags) {
-      if (row.IsField() && row.Field().name == field.name) {
+    for (std::size_t row = 0; row < ddb::kExtendedTags.size(); ++row) {
+      const ddb::ExtendedTag& tag = ddb::kExtendedTags[row];
+      if (tag.IsField() && tag.Field().name == field.name) {
         AddExtended(row);
       }
     }
-    for (const ddb::Tag& tag : ddb::kTags) {
-      if (tag.offset == field.offset && tag.kind == field.kind && !IsExtendedName(tag.name)) {
-        Add({tag.name, nullptr, &tag});
+    // Tags of one field stand side by side.
+    const std::size_t row = &field - ddb::kTags.data();
+    for (std::size_t i = row - (row > 0); i < std::min(row + 2, ddb::kTags.size()); ++i) {
+      const ddb::Tag& tag = ddb::kTags[i];
+      if (tag.offset == field.offset && tag.kind == field.kind && !seenTags_[i] &&
+          !IsExtendedName(tag.name)) {
+        seenTags_[i] = true;
+        list_[size_++] = {tag.name, nullptr, &tag};
       }
     }
   }
@@ -38,7 +50,7 @@ class TagCollector {
   }
 
   [[nodiscard]] constexpr std::size_t Size() const { return size_; }
-  [[nodiscard]] constexpr const ListedTag& operator[](std::size_t i) const { return tags_[i]; }
+  [[nodiscard]] constexpr const ListedTag& operator[](std::size_t i) const { return list_[i]; }
 
  private:
   static constexpr bool IsExtendedName(std::string_view name) {
@@ -46,21 +58,16 @@ class TagCollector {
            ddb::kExtendedTags.end();
   }
 
-  constexpr void Add(const ListedTag& tag) {
-    const auto present = std::span<const ListedTag>(tags_).first(size_);
-    if (std::ranges::find(present, tag.name, &ListedTag::name) == present.end()) {
-      tags_[size_++] = tag;
-    }
-  }
-
-  std::array<ListedTag, ddb::kTags.size()> tags_{};
+  std::array<ListedTag, ddb::kTags.size()> list_{};
   std::size_t size_ = 0;
+  std::array<bool, ddb::kTags.size()> seenTags_{};
+  std::array<bool, ddb::kExtendedTags.size()> seenExtended_{};
 };
 
 consteval TagCollector CollectTags() {
   TagCollector tags;
-  for (const ddb::ExtendedTag& row : ddb::kExtendedTags) {
-    if (row.name.starts_with("EXT_")) {
+  for (std::size_t row = 0; row < ddb::kExtendedTags.size(); ++row) {
+    if (ddb::kExtendedTags[row].name.starts_with("EXT_")) {
       tags.AddExtended(row);
     }
   }
