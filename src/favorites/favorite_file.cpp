@@ -24,10 +24,6 @@ constexpr bool kTranslateMediaCodes = true;
 constexpr std::string_view kCommentKey = "Comment=";
 constexpr std::string_view kPageSizeKey = "PageSize=";
 
-// Which stored user information a job uses is the user's own business, not the favourite's.
-constexpr std::array<std::string_view, 5> kNeverWritten = {"OT_USEICC", "OT_USEICUID", "OT_USEICUC",
-                                                           "OT_USEICUP", "OT_USEICAID"};
-
 struct FileCloser {
   void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };

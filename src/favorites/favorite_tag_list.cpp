@@ -91,6 +91,10 @@ constexpr auto kTagList = [] {
   return list;
 }();
 
+static_assert(std::ranges::none_of(kTagList, [](const ListedTag& tag) {
+  return std::ranges::find(kNeverWritten, tag.name) != kNeverWritten.end();
+}));
+
 }  // namespace
 
 std::span<const ListedTag> GetFavoriteTagList() noexcept {

@@ -1,6 +1,7 @@
 // The items that a favourite carries, in the order in which they are written.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -15,6 +16,11 @@ struct ListedTag {
   const ddb::ExtendedTag* extended;
   const ddb::Tag* tag;  // null for an extended one
 };
+
+// Which stored user information a job uses is the user's own business: these five are read from a
+// favourite, but never written to one. None of them is in the list.
+inline constexpr std::array<std::string_view, 5> kNeverWritten = {
+    "OT_USEICC", "OT_USEICUID", "OT_USEICUC", "OT_USEICUP", "OT_USEICAID"};
 
 [[nodiscard]] std::span<const ListedTag> GetFavoriteTagList() noexcept;
 
