@@ -26,5 +26,6 @@ int RunCodes(Arguments arguments);
 int RunDevMode(Arguments arguments);
 int RunKeyword(Arguments arguments);
 int RunProfile(Arguments arguments);
+int RunRestriction(Arguments arguments);
 
 }  // namespace zn::inspect

@@ -18,6 +18,7 @@ constexpr Command kCommands[] = {
     {"keyword", "NAME", &RunKeyword},
     {"codes", "ID", &RunCodes},
     {"profile", "FILE", &RunProfile},
+    {"restriction", "--group G KEY=VALUE...", &RunRestriction},
 };
 
 }  // namespace
