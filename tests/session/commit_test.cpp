@@ -1,0 +1,220 @@
+// What a commit leaves in the core driver's items, its private part and the settings block.
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/spooler.h"
+#include "session/keyword_table.h"
+#include "session/session.h"
+#include "sheet_fixture.h"
+#include "test_queue.h"
+
+namespace zn::test {
+namespace {
+
+class CommitTest : public SheetTest {
+ protected:
+  static void SetUpTestSuite() { queue_ = std::make_unique<TestQueue>(); }
+  static void TearDownTestSuite() { queue_.reset(); }
+
+  void Open() {
+    for (KeywordId id = 0; id < KW_COPIES; ++id) {
+      if (id != KW_COLLATE) {
+        items_.AddKeyword(id, 0);
+      }
+    }
+    // Keyword items stand last.
+    items_.AddStandard(DMPUB_COPIES_COLLATE, 1);
+    std::rotate(items_.All().begin(), items_.All().end() - 1, items_.All().end());
+    queue_->StoreDevMode(devMode_.Bytes());
+    sheet_->hPrinter = queue_->Handle();
+    TakeItems();
+    Session().HidePrinterSetting();
+    ASSERT_TRUE(sheet_->settingsRead);
+  }
+
+  void SelectCode(KeywordId id, std::uint32_t code) {
+    std::uint32_t index = 0;
+    ASSERT_TRUE(GetOptionIndex(id, code, index)) << id;
+    sheet_->SetCurrent(id, index);
+  }
+
+  static std::unique_ptr<TestQueue> queue_;
+};
+
+std::unique_ptr<TestQueue> CommitTest::queue_;
+
+// Opening a sheet and closing it with OK leaves the job as it was.
+TEST_F(CommitTest, UnchangedSheetChangesNothing) {
+  devMode_.driver = {.flags = 0xF7,
+                     .noBorder = 1,
+                     .psOutputOption = 2,
+                     .trueTypeFontDownload = 3,
+                     .customPaperWidth = 100'000,
+                     .customPaperHeight = 150'000,
+                     .customPaperDirection = 1,
+                     .psLanguageLevel = 2,
+                     .reserved = 0};
+  for (const DevModeField& field : DevModeFields()) {
+    if (field.kind == FieldKind::Text) {
+      devMode_.block.SetText(field.offset, std::string(field.width - 1u, 't'));
+    } else if (field.kind == FieldKind::Number && field.repair == Repair::Range) {
+      devMode_.block.SetDWord(field.offset, field.high);
+    }
+  }
+  for (const std::size_t flag :
+       {devmode::kBookletSizeFlag, devmode::kRepeatSizeFlag, devmode::kImpositionSizeFlag}) {
+    devMode_.block.SetDWord(flag, 0);  // follow from the selections
+  }
+  const auto before = std::make_unique<FullDevMode>(devMode_);
+  Open();
+  Session().CommitSession();
+  EXPECT_TRUE(driver_.updates.empty());
+  for (const DevModeField& field : DevModeFields()) {
+    EXPECT_EQ(std::memcmp(&devMode_.block.Bytes()[field.offset],
+                          &before->block.Bytes()[field.offset], field.width),
+              0)
+        << "offset " << field.offset;
+  }
+  EXPECT_EQ(std::memcmp(&devMode_.driver, &before->driver, sizeof devMode_.driver), 0);
+}
+
+TEST_F(CommitTest, OnlyChangedSelectionsReachTheCoreDriver) {
+  Open();
+  sheet_->SetCurrent(KW_STAPLE, 4);
+  sheet_->SetCurrent(KW_COPIES, 7);
+  sheet_->SetCurrent(KW_WMSELECTION, 9);
+  Session().CommitSession();
+  ASSERT_EQ(driver_.updates.size(), 3u);
+  EXPECT_EQ(sheet_->items[KW_STAPLE]->Sel, 4);
+  EXPECT_EQ(sheet_->items[KW_COPIES]->Sel, 7);
+  EXPECT_EQ(sheet_->items[KW_WMSELECTION]->Sel, 0) << "a number of the device's own";
+  EXPECT_EQ(devMode_.block.GetDWord(9248), 9u);
+  Session().CommitSession();
+  EXPECT_EQ(driver_.updates.size(), 3u) << "told once";
+}
+
+TEST_F(CommitTest, DerivedValues) {
+  Open();
+  SelectCode(KW_BOOKLETPAPERSIZE, 20);
+  SelectCode(KW_REPEATPRINTPAPERSIZE, 62);
+  SelectCode(KW_IMPOSITIONOUTPUTPAPERSIZE, 20);
+  SelectCode(KW_CMYKSIMULATION, 119);
+  SelectCode(KW_RGBCOLORCORRECT, 11);
+  SelectCode(KW_CLEARPROCESSREGISTERDPATTERN, 100);
+  sheet_->SetCurrent(KW_SAVETIFF, 1);
+  Session().CommitSession();
+  struct Row {
+    std::size_t offset;
+    std::uint32_t value;
+  };
+  for (const Row& row : {Row{20, 1}, Row{1340, 1}, Row{1360, 0}, Row{1644, 1}, Row{9232, 100},
+                         Row{9236, 1}, Row{9320, 100}}) {
+    EXPECT_EQ(devMode_.block.GetDWord(row.offset), row.value) << "offset " << row.offset;
+  }
+  SelectCode(KW_BOOKLETPAPERSIZE, 0);
+  SelectCode(KW_CMYKSIMULATION, 179);
+  sheet_->SetCurrent(KW_RGBCOLORCORRECT, 5000);  // no such option
+  sheet_->SetCurrent(KW_SAVETIFF, 0);
+  Session().CommitSession();
+  for (const std::size_t offset : {20, 1340, 9232, 9236}) {
+    EXPECT_EQ(devMode_.block.GetDWord(offset), 0u) << "offset " << offset;
+  }
+}
+
+TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
+  Open();
+  sheet_->jobNameMode = JobNameMode::Entered;
+  std::strcpy(sheet_->jobName, "report");
+  std::strcpy(sheet_->deviceProfilePath, "ZN5050");
+  sheet_->jobValues.SetText(devmode::kComment, "first\r\nsecond");
+  sheet_->jobValues.SetDWord(devmode::kTiffDpi, 300);
+  sheet_->jobValues.SetDWord(32, 5);  // 4304 is written by its setter only
+  Session().DRVSetDWord(4352, 120);
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 1u);
+  EXPECT_EQ(devMode_.block.GetText(devmode::kJobName), "report");
+  EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "ZN5050");
+  EXPECT_EQ(devMode_.block.GetText(devmode::kComment), "first\r\nsecond");
+  EXPECT_EQ(devMode_.block.GetTiffDPI(), 300u);
+  EXPECT_EQ(devMode_.block.GetDWord(32), 1u);
+  EXPECT_EQ(devMode_.block.GetDWord(2964), 120u) << "no older value is put back";
+  Session().DRVSetDWord(4348, 0);
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 0u);
+}
+
+TEST_F(CommitTest, ProfileFallbackIsNotStored) {
+  Open();
+  ASSERT_STRNE(sheet_->deviceProfilePath, "");
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "");
+}
+
+TEST_F(CommitTest, CoreDriversPart) {
+  devMode_.driver.flags = 0xF2;
+  Open();
+  sheet_->SetCurrent(KW_PSSENDERRORHANDLER, 0);
+  sheet_->SetCurrent(KW_MIRRORPRINT, 1);
+  sheet_->SetCurrent(KW_NUPBORDER, 1);
+  sheet_->SetCurrent(KW_CUSTOMPAPERWIDTH, 330'000);
+  sheet_->SetCurrent(KW_PSLANGUAGELEVEL, 2);
+  devMode_.open.dmDriverVersion = 0x0501;
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.driver.flags, 0xF4u);
+  EXPECT_EQ(devMode_.driver.noBorder, 0u);
+  EXPECT_EQ(devMode_.driver.customPaperWidth, 0u) << "not in this version";
+  devMode_.open.dmDriverVersion = 0x0502;
+  sheet_->SetCurrent(KW_NUPBORDER, 0);
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.driver.noBorder, 1u);
+  EXPECT_EQ(devMode_.driver.customPaperWidth, 330'000u);
+  EXPECT_EQ(devMode_.driver.psLanguageLevel, 2u);
+  EXPECT_TRUE(devMode_.block.IsCurrent());
+}
+
+TEST_F(CommitTest, NoRoomForTheCoreDriversPart) {
+  Open();
+  sheet_->SetCurrent(KW_MIRRORPRINT, 1);
+  // The block would begin inside the part.
+  devMode_.open.dmSize += 8;
+  Session().CommitSession();
+  EXPECT_TRUE(devMode_.block.IsCurrent());
+  EXPECT_EQ(devMode_.driver.flags, 0u);
+  sheet_->pPublicDM = nullptr;
+  sheet_->pDevMode = nullptr;
+  Session().CommitSession();
+}
+
+TEST_F(CommitTest, PrinterDefaultIsTheFullDevMode) {
+  Open();
+  sheet_->SetCurrent(KW_FORMNO, 321);
+  Session().CommitSession();
+  EXPECT_EQ(Session().SavePrinterDefault(), 0);
+  const PrinterInfo9 saved(queue_->Handle());
+  ASSERT_TRUE(saved && saved->pDevMode != nullptr);
+  ASSERT_EQ(saved->pDevMode->dmDriverExtra, sizeof(DriverPrivateDevMode) + kDevModeSize);
+  CDevMode block;
+  std::memcpy(&block,
+              reinterpret_cast<const std::byte*>(saved->pDevMode) + saved->pDevMode->dmSize +
+                  sizeof(DriverPrivateDevMode),
+              sizeof block);
+  EXPECT_EQ(block.GetDWord(9244), 321u);
+}
+
+TEST_F(CommitTest, PrinterDefaultThatCannotBeSaved) {
+  Open();
+  sheet_->hPrinter = nullptr;
+  EXPECT_EQ(Session().SavePrinterDefault(), -1);
+  sheet_->hPrinter = queue_->Handle();
+  CDevMode elsewhere = devMode_.block;
+  sheet_->pDevMode = &elsewhere;
+  EXPECT_EQ(Session().SavePrinterDefault(), -1) << "the DEVMODE does not carry the block";
+  sheet_->pPublicDM = nullptr;
+  EXPECT_EQ(Session().SavePrinterDefault(), -1);
+  EXPECT_EQ(CSession(nullptr).SavePrinterDefault(), -1);
+}
+
+}  // namespace
+}  // namespace zn::test
