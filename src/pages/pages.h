@@ -17,7 +17,8 @@ struct PageDefinition {
 inline constexpr int kDialogPageCount = 4;
 [[nodiscard]] const PageDefinition* DialogPages() noexcept;
 
-// Fills the tree of advanced settings from the sheet. The record is process-wide.
+// Fills the tree of advanced settings from the sheet. The record is process-wide; its owner of
+// resources (hInstCaller) is left to the caller. Null when memory runs out.
 [[nodiscard]] COMPROPSHEETUI* PrepareAdvancedTree(SheetContext& sheet) noexcept;
 
 // Releases what the pages share for the time of a sheet.

@@ -1,0 +1,107 @@
+#include "pages/commondlg.h"
+
+#include "session/session.h"
+
+namespace zn {
+namespace {
+
+constexpr UINT kFirstUserMessage = WM_USER + 100;
+constexpr UINT kLastUserMessage = WM_USER + 200;
+
+}  // namespace
+
+INT_PTR CCommonDlg::DlgProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_INITDIALOG:
+      return OnInitDialog(wParam, reinterpret_cast<PROPSHEETPAGEA*>(lParam));
+    case WM_COMMAND:
+      return OnCommand(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY:
+      return OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case WM_DRAWITEM:
+      return OnDrawItem(static_cast<UINT>(wParam), reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+    case WM_CLOSE:
+      return OnClose();
+    default:
+      return message >= kFirstUserMessage && message <= kLastUserMessage
+                 ? OnUser(message, wParam, lParam)
+                 : 0;
+  }
+}
+
+int CCommonDlg::OnNotify(NMHDR* notification) {
+  if (notification == nullptr) {
+    return 0;
+  }
+  switch (notification->code) {
+    case static_cast<UINT>(PSN_APPLY):
+      SetResult(PSNRET_NOERROR);
+      return OnApply(reinterpret_cast<PSHNOTIFY*>(notification)->lParam == 0);
+    case static_cast<UINT>(PSN_KILLACTIVE):
+      SetResult(FALSE);
+      return OnKillActive();
+    case static_cast<UINT>(PSN_SETACTIVE):
+      SetResult(0);
+      return OnSetActive();
+    default:
+      return 0;
+  }
+}
+
+int CCommonDlg::OnApply(bool /*applyButtonOnly*/) {
+  const SheetContext* sheet = Sheet();
+  if (sheet == nullptr) {
+    return 0;
+  }
+  if (sheet->pfnComPropSheet != nullptr) {
+    sheet->pfnComPropSheet(sheet->hComPropSheet, CPSFUNC_SET_RESULT,
+                           static_cast<LPARAM>(sheet->hLastPage), CPSUI_OK);
+  }
+  return 1;
+}
+
+int CCommonDlg::OnDrawItem(UINT /*controlId*/, DRAWITEMSTRUCT* /*item*/) {
+  return 0;
+}
+
+int CCommonDlg::OnClose() {
+  return 0;
+}
+
+int CCommonDlg::OnUser(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+  return 0;
+}
+
+SheetContext* CCommonDlg::Sheet() const noexcept {
+  return reinterpret_cast<SheetContext*>(::GetWindowLongPtrA(window_, DWLP_USER));
+}
+
+SheetContext* CCommonDlg::AttachSheet(const PROPSHEETPAGEA* page) const noexcept {
+  auto* const sheet = page != nullptr ? reinterpret_cast<SheetContext*>(page->lParam) : nullptr;
+  ::SetWindowLongPtrA(window_, DWLP_USER, reinterpret_cast<LONG_PTR>(sheet));
+  return sheet;
+}
+
+int CCommonDlg::BecomeActive() const noexcept {
+  SheetContext* sheet = Sheet();
+  if (sheet == nullptr) {
+    return 0;
+  }
+  MakeActivePage(*sheet);
+  return 1;
+}
+
+int CCommonDlg::CommitPage() const noexcept {
+  SheetContext* sheet = Sheet();
+  if (sheet == nullptr) {
+    return 0;
+  }
+  CSession(sheet).CommitSession();
+  return 1;
+}
+
+void CCommonDlg::NotifyChanged() const noexcept {
+  ::SendMessageA(::GetParent(window_), PSM_CHANGED, reinterpret_cast<WPARAM>(window_), 0);
+}
+
+}  // namespace zn

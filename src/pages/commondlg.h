@@ -1,0 +1,88 @@
+// CCommonDlg: the base of every page, and itself the job page. A page object lives for one window
+// message; all lasting state is in the SheetContext that the window keeps in DWLP_USER.
+#pragma once
+
+#include "platform/driver_interfaces.h"
+
+#include <cstdint>
+#include <optional>
+
+#include "session/plugin_context.h"
+
+namespace zn {
+
+class CCommonDlg {
+ public:
+  CCommonDlg(HWND window, PlugInContext* context) noexcept : window_(window), context_(context) {}
+
+  // Hands a window message to the operation that handles it; the result is the dialog result.
+  INT_PTR DlgProc(UINT message, WPARAM wParam, LPARAM lParam);
+
+  // The operations, in slot order. No virtual destructor: it would shift the slots. Those that
+  // work on the sheet do nothing and answer 0 before the window has its sheet.
+  virtual int OnInitDialog(WPARAM wParam, PROPSHEETPAGEA* page);
+  virtual int OnNotify(NMHDR* notification);
+  virtual int OnCommand(WORD notifyCode, WORD controlId, HWND control);
+  virtual int OnApply(bool applyButtonOnly);
+  virtual int OnSetActive();
+  virtual int OnKillActive();
+  // Fills every control of the page, with the defaults or with the current selections; answers 0
+  // at the first control that cannot be filled.
+  virtual int Initialize(SheetContext* sheet, bool useDefault);
+  virtual int OnDrawItem(UINT controlId, DRAWITEMSTRUCT* item);
+  virtual int OnClose();
+  virtual int OnUser(UINT message, WPARAM wParam, LPARAM lParam);
+
+ protected:
+  // Null before WM_INITDIALOG and for a page that got no sheet.
+  [[nodiscard]] SheetContext* Sheet() const noexcept;
+  // Stores the sheet of the PROPSHEETPAGE in the window; null when there is none.
+  SheetContext* AttachSheet(const PROPSHEETPAGEA* page) const noexcept;
+  // For pages that store every change at once: leaving them writes the selections to the session.
+  int BecomeActive() const noexcept;
+  int CommitPage() const noexcept;
+  void MakeActivePage(SheetContext& sheet) const noexcept { sheet.activePage = window_; }
+  [[nodiscard]] bool IsActivePage(const SheetContext& sheet) const noexcept {
+    return sheet.activePage == window_;
+  }
+  [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
+  // Tells the sheet that there is something to apply.
+  void NotifyChanged() const noexcept;
+  void Redraw() const noexcept { ::InvalidateRect(window_, nullptr, TRUE); }
+  // What the sheet is told as the result of the current notification.
+  void SetResult(LONG_PTR result) const noexcept {
+    ::SetWindowLongPtrA(window_, DWLP_MSGRESULT, result);
+  }
+
+  HWND window_;
+  PlugInContext* context_;
+  void* unused_[2] = {};
+
+ private:
+  // The job page (jobpage.cpp). Getters read the controls only while the page is the active one,
+  // else they answer the stored selection. A list without a selection answers nothing.
+  int InitJobName(SheetContext& sheet) const;
+  int InitColorModel(SheetContext& sheet, bool useDefault) const;
+  int InitPrinterMode(SheetContext& sheet, bool useDefault) const;
+  int InitSpoolOption(SheetContext& sheet, bool useDefault) const;
+  void LoadData(SheetContext& sheet) const;
+  // Selects the first entry that stands for the value; none: the selection stays.
+  void SetColorModel(SheetContext& sheet, std::uint32_t value) const;
+  [[nodiscard]] std::optional<std::uint32_t> GetColorModel(const SheetContext& sheet) const;
+  void ApplyColorModel(SheetContext& sheet) const;
+  void SetPrinterModel(std::uint32_t index) const;
+  [[nodiscard]] std::optional<std::uint32_t> GetPrinterModel(const SheetContext& sheet) const;
+  void ApplyPrinterMode(SheetContext& sheet) const;
+  void SetSpoolOption(std::uint32_t index) const;
+  // -1 when no radio is checked.
+  [[nodiscard]] int GetSpoolOption(const SheetContext& sheet) const;
+  void ApplySpoolOption(SheetContext& sheet) const;
+  // Keeps the job name within its 255 bytes; false when the text is what was accepted last.
+  bool GuardJobName() const;
+  // Stores mode and name; false after telling the user that the name is too short or too long.
+  bool ApplyJobName(SheetContext& sheet) const;
+  int RestoreDefaults(SheetContext& sheet);
+  void OpenPrintOptions(SheetContext& sheet);
+};
+
+}  // namespace zn

@@ -1,0 +1,44 @@
+#include "pages/pages.h"
+
+#include <array>
+
+#include "pages/standardpage.h"
+#include "pages/traypage.h"
+#include "pages/watermarkpage.h"
+#include "res/resource_ids.h"
+
+namespace zn {
+namespace {
+
+constexpr CWatermarkPageDlg::WatermarkLimits kWatermarkLimits{3, 1, 100};
+
+// Builds a fresh page object for the message. No exception leaves it.
+template <class Page, auto... kConstants>
+INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  try {
+    Page page(window, &ThePlugInContext(), kConstants...);
+    return static_cast<int>(page.DlgProc(message, wParam, lParam));
+  } catch (...) {
+    return 0;
+  }
+}
+
+constexpr std::array<PageDefinition, kDialogPageCount> kPages{{
+    {IDD_BASIC_PAGE, &PageProc<CStandardPageDlg>},
+    {IDD_TRAY_PAGE, &PageProc<CTrayPageDlg>},
+    {IDD_WATERMARK_PAGE, &PageProc<CWatermarkPageDlg, kWatermarkLimits>},
+    {IDD_JOB_PAGE, &PageProc<CCommonDlg>},
+}};
+
+}  // namespace
+
+const PageDefinition* DialogPages() noexcept {
+  return kPages.data();
+}
+
+void ReleasePageResources(SheetContext& sheet) noexcept {
+  // The pages' windows are gone: nothing reads their controls any more.
+  sheet.activePage = nullptr;
+}
+
+}  // namespace zn

@@ -1,0 +1,19 @@
+// The basic page: favourites and the everyday layout settings.
+#pragma once
+
+#include "pages/commondlg.h"
+
+namespace zn {
+
+class CStandardPageDlg : public CCommonDlg {
+ public:
+  using CCommonDlg::CCommonDlg;
+
+  int OnInitDialog(WPARAM wParam, PROPSHEETPAGEA* page) override;
+  int OnCommand(WORD notifyCode, WORD controlId, HWND control) override;
+  int OnSetActive() override;
+  int OnKillActive() override;
+  int Initialize(SheetContext* sheet, bool useDefault) override;
+};
+
+}  // namespace zn

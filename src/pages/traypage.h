@@ -1,0 +1,19 @@
+// The tray and output page: paper source, output, sorting, staples and holes.
+#pragma once
+
+#include "pages/commondlg.h"
+
+namespace zn {
+
+class CTrayPageDlg : public CCommonDlg {
+ public:
+  using CCommonDlg::CCommonDlg;
+
+  int OnInitDialog(WPARAM wParam, PROPSHEETPAGEA* page) override;
+  int OnCommand(WORD notifyCode, WORD controlId, HWND control) override;
+  int OnSetActive() override;
+  int OnKillActive() override;
+  int Initialize(SheetContext* sheet, bool useDefault) override;
+};
+
+}  // namespace zn
