@@ -1,0 +1,116 @@
+#include "favorites/favorites_store.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace zn {
+namespace {
+
+#ifdef _WIN32
+constexpr char kSeparator = '\\';
+#else
+constexpr char kSeparator = '/';
+#endif
+
+constexpr char AsciiLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The file system does not tell ".PFJ" from ".pfj".
+bool HasExtension(std::string_view fileName, std::string_view extension) {
+  return fileName.size() > extension.size() &&
+         std::ranges::equal(fileName.substr(fileName.size() - extension.size()), extension, {},
+                            AsciiLower, AsciiLower);
+}
+
+}  // namespace
+
+FavoritesStore::FavoritesStore(std::string folder, std::string extension, FavoriteKeys keys,
+                               std::vector<std::string> reserved)
+    : folder_(std::move(folder)),
+      extension_(std::move(extension)),
+      reserved_(std::move(reserved)),
+      files_(std::move(keys)) {}
+
+void FavoritesStore::SetFiles(const std::vector<std::string>& fileNames) {
+  loaded_.reset();
+  names_.clear();
+  for (const std::string& fileName : fileNames) {
+    if (HasExtension(fileName, extension_)) {
+      std::string name = fileName.substr(0, fileName.size() - extension_.size());
+      if (IsFavoriteName(name)) {
+        names_.push_back(std::move(name));
+      }
+    }
+  }
+  std::ranges::sort(names_);
+  names_.erase(std::ranges::unique(names_).begin(), names_.end());
+}
+
+std::optional<std::size_t> FavoritesStore::Find(std::string_view name) const {
+  const auto found = std::ranges::lower_bound(names_, name, std::less<>());
+  return found != names_.end() && *found == name
+             ? std::optional(static_cast<std::size_t>(found - names_.begin()))
+             : std::nullopt;
+}
+
+const SettingSource* FavoritesStore::Load(std::size_t index, const SheetSettings& sheet) {
+  const std::string& name = names_[index];
+  if (!loaded_ || loaded_->name != name) {
+    SettingSource& favorite = loaded_.emplace();
+    TakeDefaults(favorite, sheet);
+    favorite.pageSizeName.clear();
+    favorite.folder = folder_;
+    favorite.name = name;
+    if (!files_.LoadFavoriteFromPath(favorite, PathOf(name).c_str())) {
+      loaded_.reset();
+      return nullptr;
+    }
+  }
+  return &*loaded_;
+}
+
+bool FavoritesStore::Save(std::string_view name, std::string_view comment,
+                          const SheetSettings& sheet) {
+  if (!IsFavoriteName(name) || comment.size() > kMaxComment) {
+    return false;
+  }
+  const std::optional<std::size_t> present = Find(name);
+  if (!present || Load(*present, sheet) == nullptr) {
+    loaded_.emplace();
+  }
+  SettingSource& favorite = *loaded_;
+  TakeCurrent(favorite, sheet);
+  favorite.folder = folder_;
+  favorite.name = name;
+  favorite.comment = comment;
+  if (!files_.SaveFavoriteFromPath(favorite, PathOf(name).c_str())) {
+    loaded_.reset();
+    return false;
+  }
+  if (!present) {
+    names_.insert(std::ranges::lower_bound(names_, favorite.name), favorite.name);
+  }
+  return true;
+}
+
+bool FavoritesStore::Delete(std::size_t index) {
+  if (std::remove(PathOf(names_[index]).c_str()) != 0) {
+    return false;
+  }
+  names_.erase(names_.begin() + static_cast<std::ptrdiff_t>(index));
+  loaded_.reset();
+  return true;
+}
+
+std::string FavoritesStore::PathOf(std::string_view name) const {
+  return std::string(folder_).append(1, kSeparator).append(name).append(extension_);
+}
+
+bool FavoritesStore::IsFavoriteName(std::string_view name) const {
+  return !name.empty() && name.size() <= kMaxFavoriteName &&
+         std::ranges::find(reserved_, name) == reserved_.end();
+}
+
+}  // namespace zn

@@ -1,0 +1,58 @@
+// The favourites of one folder: their names in a stable order, and one loaded favourite at a time.
+// A favourite is read when it is first asked for, so that a folder of thousands costs no more than
+// its listing until the user picks one.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "favorites/favorite_file.h"
+#include "favorites/setting_source.h"
+
+namespace zn {
+
+inline constexpr std::size_t kMaxFavoriteName = 27;  // bytes
+
+class FavoritesStore {
+ public:
+  // `extension` with its dot; `reserved` names what is no favourite, whatever the folder holds.
+  FavoritesStore(std::string folder, std::string extension, FavoriteKeys keys = {},
+                 std::vector<std::string> reserved = {});
+
+  // Takes the file names of the folder (other files are passed over) and forgets what was loaded.
+  // The favourites stand in the order of the bytes of their names.
+  void SetFiles(const std::vector<std::string>& fileNames);
+
+  [[nodiscard]] const std::string& Folder() const { return folder_; }
+  [[nodiscard]] std::size_t Count() const { return names_.size(); }
+  [[nodiscard]] const std::string& Name(std::size_t index) const { return names_[index]; }
+  [[nodiscard]] std::optional<std::size_t> Find(std::string_view name) const;
+
+  // The favourite's settings, or null when its file cannot be read. What the file does not hold
+  // has the sheet's default. Valid until the next call of Load, Save, Delete or SetFiles.
+  [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
+
+  // Saves the current settings under `name`: over the favourite of that name, or as a new one.
+  // False when the name or comment is too long, or the file could not be written whole; a new
+  // favourite is not in the list then.
+  bool Save(std::string_view name, std::string_view comment, const SheetSettings& sheet);
+
+  // Deletes the file and the entry; false, and nothing changed, when the file stays.
+  bool Delete(std::size_t index);
+
+ private:
+  [[nodiscard]] std::string PathOf(std::string_view name) const;
+  [[nodiscard]] bool IsFavoriteName(std::string_view name) const;
+
+  std::string folder_;
+  std::string extension_;
+  std::vector<std::string> reserved_;
+  CFavoriteFileManager files_;
+  std::vector<std::string> names_;  // sorted
+  std::optional<SettingSource> loaded_;
+};
+
+}  // namespace zn

@@ -1,0 +1,292 @@
+// From selections to a record and back: what is specified, what is left alone, what counts as a
+// difference.
+#include "favorites/setting_source.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ddb/extended_option.h"
+#include "session/keyword_table.h"
+#include "tests/favorites/settings_test_sheet.h"
+
+namespace zn {
+namespace {
+
+constexpr ddb::Tag kStaple = ddb::TagNamed("OUT_STPL");
+constexpr ddb::Tag kPunch = ddb::TagNamed("OUT_PNCH");
+constexpr ddb::Tag kPaperSize = ddb::TagNamed("PG_PPSIZE");
+constexpr ddb::Tag kMemo = ddb::TagNamed("SP_MEMOM");
+constexpr ddb::Tag kJobComment = ddb::TagNamed("USR_COMT");
+constexpr ddb::Tag kPageRange = ddb::TagNamed("OUT_PGSS");
+constexpr std::uint32_t kMemoOffset = 952;
+constexpr std::uint32_t kJobCommentOffset = 104;
+constexpr std::uint32_t kGarbage = 0xFFFFFFFF;
+
+class SettingSourceTest : public ::testing::Test {
+ protected:
+  SettingSource Current() {
+    SettingSource source;
+    TakeCurrent(source, sheet_.settings);
+    return source;
+  }
+  void ExpectSheetTakes(const ddb::Tag& tag, std::int32_t value, KeywordId id,
+                        std::uint32_t expected) {
+    SettingSource source = Current();
+    ddb::SetInteger(source.option.m_Body, tag, value);
+    EXPECT_EQ(Differs(source, Reach::Favorite, sheet_.settings), sheet_[id] != expected)
+        << tag.name << '=' << value;
+    Apply(source, Reach::Favorite, sheet_.settings);
+    EXPECT_EQ(sheet_[id], expected) << tag.name << '=' << value;
+  }
+
+  test::TestSheet sheet_;
+};
+
+TEST_F(SettingSourceTest, RecordHoldsTheCodesOfTheOptions) {
+  struct Row {
+    KeywordId id;
+    std::uint32_t selection;
+    const char* tag;
+    std::int32_t value;
+  };
+  const std::vector<Row> rows = {
+      {KW_STAPLE, 10, "OUT_STPL", 30},
+      {KW_BRIGHTNESS, 0, "OT_BRIGT", 10},
+      {KW_RESOLUTION, 0, "GR_DEPTH", 600},
+      {KW_RESOLUTION, 1, "GR_DEPTH", 1200},
+      {KW_PUNCH, 5, "OUT_PNCH", 13},
+      {KW_PUNCH, 13, "OUT_PNCH", 13},
+      {KW_DUPLEX, 2, "OUT_BOTH", 2},
+      {KW_IMAGECALIBRATION, 0, "OT_IMGC", 201},
+      {KW_PAGESIZE, 0, "PG_PPSIZE", 62},
+      {KW_OUTPUTPAPERSIZE, 1, "PG_PSIZE", 62},
+      {KW_COPIES, 9999, "PG_NUMBR", 9999},
+      {KW_COLORMODEL, 0, "CL_CMODE", 1},
+      {KW_ZNMEDIATYPE, 6, "PG_PTYPE", 3},
+      {KW_WMPOSITION, 4, "OUT_WTPO", 0},
+      {KW_CUSTOMPAPERWIDTH, 123456, "PG_CSIZX", 123456},
+  };
+  for (const Row& row : rows) {
+    sheet_[row.id] = row.selection;
+    EXPECT_EQ(ddb::GetInteger(Current().option.m_Body, *ddb::FindTag(row.tag)), row.value)
+        << row.tag;
+  }
+}
+
+TEST_F(SettingSourceTest, SelectionWithoutACodeIsNotSpecified) {
+  sheet_[KW_STAPLE] = 22;
+  sheet_[KW_DUPLEX] = 3;
+  const SettingSource source = Current();
+  EXPECT_EQ(ddb::GetInteger(source.option.m_Body, kStaple), ddb::kNoCode);
+  EXPECT_EQ(ddb::GetInteger(source.option.m_Body, ddb::TagNamed("OUT_BOTH")), ddb::kNoCode);
+}
+
+TEST_F(SettingSourceTest, ValuesThatSayNothingLeaveTheSelection) {
+  struct Row {
+    KeywordId id;
+    std::uint32_t selection;
+    const char* tag;
+    std::vector<std::int32_t> values;
+  };
+  constexpr std::int32_t kLowest = ddb::kNoLength;
+  const std::vector<Row> rows = {
+      {KW_STAPLE, 3, "OUT_STPL", {-1, 18, 29, 38, kLowest}},
+      {KW_DUPLEX, 1, "OUT_BOTH", {-1, 3, 0x7FFFFFFF}},
+      {KW_PUNCH, 2, "OUT_PNCH", {-1, 5, 12, 14}},
+      {KW_RESOLUTION, 1, "GR_DEPTH", {-1, 0, 50, 601, 300}},
+      {KW_COPIES, 7, "PG_NUMBR", {0, -1, 10000}},
+      {KW_SCALE, 50, "PG_MAGNI", {-1, 0, 1001}},
+      {KW_WMSELECTION, 9, "OUT_WTNO", {0, 101, -1}},
+      {KW_IMAGECALIBRATION, 4, "OT_IMGC", {0, 101, 200}},
+      {KW_CUSTOMPAPERWIDTH, 300000, "PG_CSIZX", {-1, kLowest}},
+  };
+  for (const Row& row : rows) {
+    sheet_[row.id] = row.selection;
+    for (const std::int32_t value : row.values) {
+      ExpectSheetTakes(*ddb::FindTag(row.tag), value, row.id, row.selection);
+    }
+  }
+}
+
+TEST_F(SettingSourceTest, NumbersOfTheBlockKeepToTheirRanges) {
+  SettingSource source = Current();
+  for (const char* tag : {"OUT_BKLX", "SP_TFDPI", "OT_QRTHRES", "OUT_PPSW", "OT_2CPS_C"}) {
+    ddb::SetInteger(source.option.m_Body, *ddb::FindTag(tag), 500);
+  }
+  ddb::SetInteger(source.option.m_Body, ddb::TagNamed("OUT_PPSL"), ddb::kNoLength);
+  Apply(source, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_.Number(4329), 29700U);  // 1000 at least
+  EXPECT_EQ(sheet_.Number(4302), 500U);
+  EXPECT_EQ(sheet_.Number(4355), 128U);  // 255 at most
+  EXPECT_EQ(sheet_.Number(4318), 500U);
+  EXPECT_EQ(sheet_.Number(4308), 0U);  // a flag
+  EXPECT_EQ(sheet_.Number(4319), 0U);
+}
+
+TEST_F(SettingSourceTest, ChoicesThatThePrinterLacksAreNotSelected) {
+  sheet_.settings.choices[KW_STAPLE] = 10;
+  sheet_.settings.choices[KW_NUP] = 7;
+  sheet_.settings.choices[KW_PUNCH] = 6;
+  ExpectSheetTakes(kStaple, 9, KW_STAPLE, 9);
+  ExpectSheetTakes(kStaple, 30, KW_STAPLE, 9);
+  ExpectSheetTakes(kPunch, 13, KW_PUNCH, 13);
+  SettingSource source = Current();
+  source.option.m_Extended[ddb::EXT_NUP] = 7;
+  Apply(source, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_[KW_NUP], 0U);
+}
+
+// Files hold these by digits alone: a sign would turn "not specified" into 1.
+TEST_F(SettingSourceTest, ExtendedItemsAreSpecifiedWhateverIsSelected) {
+  for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
+    sheet_[tag.id] = kGarbage;
+    sheet_.Default(tag.id) = kGarbage;
+  }
+  const SettingSource source = Current();
+  for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
+    ddb::NumberText scratch;
+    const std::string text(ddb::ExtendedValueText(source.option, tag, scratch));
+    EXPECT_EQ(text.find('-'), std::string::npos) << tag.name << '=' << text;
+  }
+}
+
+TEST_F(SettingSourceTest, ExtendedItemsCarryTheKeywordsOfTheirTable) {
+  for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
+    const RecordField& field = SettingRows()[tag.id].field;
+    ASSERT_EQ(field.IsExtended(), !tag.IsField()) << tag.name;
+    if (field.IsExtended()) {
+      EXPECT_EQ(field.Extended(), tag.value) << tag.name;
+    } else {
+      EXPECT_EQ(field.Tag().name, tag.Field().name) << tag.name;
+    }
+  }
+}
+
+TEST_F(SettingSourceTest, EveryPrivateIdHasItsRow) {
+  auto row = SettingRows().begin() + KW_MAX;
+  for (std::uint32_t id = 4301; id <= 4355; ++id) {
+    if (FindPrivateField(id) != nullptr) {
+      ASSERT_NE(row, SettingRows().end());
+      EXPECT_EQ(row->id, id);
+      ++row;
+    }
+  }
+  EXPECT_EQ(row, SettingRows().end());
+}
+
+TEST_F(SettingSourceTest, PaperIsFoundByItsNameFirst) {
+  struct Row {
+    const char* name;
+    std::int32_t code;
+    std::uint32_t current;
+    std::uint32_t expected;
+    PaperMatch match;
+  };
+  // Codes by position: 62, 53, 4, 2, 3, ...
+  const std::vector<Row> rows = {
+      {"A3", 62, 4, 2, PaperMatch::ByName},      {"Custom 2", 62, 0, 6, PaperMatch::ByName},
+      {"a3", 53, 4, 4, PaperMatch::Unknown},     {"", 4, 0, 2, PaperMatch::ByCode},
+      {"", 9999, 3, 3, PaperMatch::ByCode},      {"", -1, 3, 3, PaperMatch::ByCode},
+      {"Postcard", 4, 2, 0, PaperMatch::ByName},
+  };
+  for (const Row& row : rows) {
+    sheet_[KW_PAGESIZE] = row.current;
+    SettingSource source = Current();
+    source.pageSizeName = row.name;
+    ddb::SetInteger(source.option.m_Body, kPaperSize, row.code);
+    EXPECT_EQ(Differs(source, Reach::Favorite, sheet_.settings), row.current != row.expected)
+        << row.name;
+    EXPECT_EQ(Apply(source, Reach::Favorite, sheet_.settings), row.match) << row.name;
+    EXPECT_EQ(sheet_[KW_PAGESIZE], row.expected) << row.name << ' ' << row.code;
+  }
+}
+
+TEST_F(SettingSourceTest, PaperOfTheSameNameStays) {
+  sheet_.settings.forms = {3, [](std::uint32_t) { return std::string_view("A4"); }};
+  sheet_[KW_PAGESIZE] = 2;
+  const SettingSource source = Current();
+  EXPECT_FALSE(Differs(source, Reach::Favorite, sheet_.settings));
+  sheet_[KW_PAGESIZE] = 1;
+  Apply(source, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_[KW_PAGESIZE], 1U);
+}
+
+TEST_F(SettingSourceTest, EveryMappedSettingCountsAsADifference) {
+  const SettingSource before = Current();
+  for (const SettingRow& row : SettingRows()) {
+    if (row.id >= KW_MAX) {
+      continue;
+    }
+    const std::uint32_t selection = sheet_[row.id];
+    sheet_[row.id] = selection == 0 || row.id == KW_PSLANGUAGELEVEL ? 1 : 2;
+    if (row.id == KW_PRINTERMODE) {
+      sheet_[row.id] = 4;
+    }
+    EXPECT_EQ(Differs(before, Reach::Favorite, sheet_.settings), row.IsMapped())
+        << GetKeywordName(row.id);
+    EXPECT_EQ(DiffersFromDefaults(sheet_.settings), row.IsMapped()) << GetKeywordName(row.id);
+    sheet_[row.id] = selection;
+    ASSERT_FALSE(Differs(before, Reach::Favorite, sheet_.settings)) << row.id;
+    ASSERT_FALSE(DiffersFromDefaults(sheet_.settings)) << row.id;
+  }
+}
+
+TEST_F(SettingSourceTest, NumberThatWasNeverSetIsNoDifferenceButIsRepaired) {
+  sheet_[KW_WMSELECTION] = 0;
+  EXPECT_FALSE(DiffersFromDefaults(sheet_.settings));
+  ApplyDefaults(sheet_.settings);
+  EXPECT_EQ(sheet_[KW_WMSELECTION], 1U);
+}
+
+TEST_F(SettingSourceTest, MemoKeywordsShareTheirFieldAndTheChangedOneSpeaks) {
+  sheet_[KW_MEMO] = 4;
+  EXPECT_EQ(ddb::GetInteger(Current().option.m_Body, kMemo), 5);
+  sheet_[KW_MEMOMODE] = 7;
+  const SettingSource source = Current();
+  EXPECT_EQ(ddb::GetInteger(source.option.m_Body, kMemo), 8);
+  EXPECT_FALSE(Differs(source, Reach::Favorite, sheet_.settings));
+  sheet_[KW_MEMOMODE] = 0;
+  Apply(source, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_[KW_MEMO], 7U);
+  EXPECT_EQ(sheet_[KW_MEMOMODE], 7U);
+}
+
+TEST_F(SettingSourceTest, TextsReachAsFarAsTheirRowSays) {
+  sheet_.Block().SetText(kMemoOffset, "memo");
+  sheet_.Block().SetText(kJobCommentOffset, "comment");
+  SettingSource source = Current();
+  EXPECT_EQ(ddb::GetText(source.option.m_Body, kJobComment), "comment");
+  sheet_.Block().SetText(kMemoOffset, "other");
+  sheet_.Block().SetText(kJobCommentOffset, "mine");
+  EXPECT_TRUE(Differs(source, Reach::Favorite, sheet_.settings));
+  Apply(source, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_.Block().GetText(kMemoOffset), "memo");
+  EXPECT_EQ(sheet_.Block().GetText(kJobCommentOffset), "mine");
+  Apply(source, Reach::Record, sheet_.settings);
+  EXPECT_EQ(sheet_.Block().GetText(kJobCommentOffset), "comment");
+}
+
+TEST_F(SettingSourceTest, EmptyTextClearsAndLongerTextOfTheBlockStays) {
+  const SettingSource empty = Current();
+  const std::string text(67, 'x');  // the record keeps 64
+  sheet_.Block().SetText(kMemoOffset, text);
+  const SettingSource full = Current();
+  EXPECT_FALSE(Differs(full, Reach::Favorite, sheet_.settings));
+  Apply(full, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_.Block().GetText(kMemoOffset), text);
+  Apply(empty, Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_.Block().GetText(kMemoOffset), "");
+}
+
+TEST_F(SettingSourceTest, OnlyTextsThatAreThereRaiseTheirMark) {
+  EXPECT_EQ(Current().option.m_Body.OUT_PGSS.set, 0);
+  sheet_.Block().SetText(1668, "1-3");
+  const SettingSource source = Current();
+  EXPECT_EQ(source.option.m_Body.OUT_PGSS.set, 1);
+  EXPECT_EQ(ddb::GetText(source.option.m_Body, kPageRange), "1-3");
+}
+
+}  // namespace
+}  // namespace zn
