@@ -1,7 +1,6 @@
 #include "favorites/favorites_store.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 namespace zn {
@@ -95,13 +94,9 @@ bool FavoritesStore::Save(std::string_view name, std::string_view comment,
   return true;
 }
 
-bool FavoritesStore::Delete(std::size_t index) {
-  if (std::remove(PathOf(names_[index]).c_str()) != 0) {
-    return false;
-  }
+void FavoritesStore::Remove(std::size_t index) {
   names_.erase(names_.begin() + static_cast<std::ptrdiff_t>(index));
   loaded_.reset();
-  return true;
 }
 
 std::string FavoritesStore::PathOf(std::string_view name) const {

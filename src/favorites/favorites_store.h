@@ -32,7 +32,7 @@ class FavoritesStore {
   [[nodiscard]] std::optional<std::size_t> Find(std::string_view name) const;
 
   // The favourite's settings, or null when its file cannot be read. What the file does not hold
-  // has the sheet's default. Valid until the next call of Load, Save, Delete or SetFiles.
+  // has the sheet's default. Valid until the next call of Load, Save, Remove or SetFiles.
   [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
 
   // Saves the current settings under `name`: over the favourite of that name, or as a new one.
@@ -40,8 +40,8 @@ class FavoritesStore {
   // favourite is not in the list then.
   bool Save(std::string_view name, std::string_view comment, const SheetSettings& sheet);
 
-  // Deletes the file and the entry; false, and nothing changed, when the file stays.
-  bool Delete(std::size_t index);
+  // Takes the favourite out of the list; its file is the caller's.
+  void Remove(std::size_t index);
 
  private:
   [[nodiscard]] std::string PathOf(std::string_view name) const;
