@@ -203,19 +203,23 @@ void CDevMode::CopyFrom(const CDevMode& source) noexcept {
   for (const CopyRun& run : kCopyRuns) {
     std::memmove(&bytes_[run.begin], &source.bytes_[run.begin], run.end - run.begin);
   }
+  ClipTexts();
+}
+
+void CDevMode::ClipTexts() noexcept {
   for (const std::size_t end : kClippedTextEnds) {
     bytes_[end] = std::byte{0};
   }
 }
 
+// A source with another header tells nothing but its two flags, and those only when it is so long.
 void CDevMode::Merge(const CDevMode& source) noexcept {
-  // A source with another header tells nothing but these two, and those only when it is that long.
-  const std::uint32_t carriedFlag =
-      source.Reaches(devmode::kCarriedFlag + 4) ? source.GetDWord(devmode::kCarriedFlag) : 0;
-  const std::uint32_t overWriteFlag = source.Reaches(devmode::kOverWriteFlag + 4)
-                                          ? source.GetDWord(devmode::kOverWriteFlag)
-                                          : GetDWord(devmode::kOverWriteFlag);
+  const CDevMode& carriedFrom = source.Reaches(devmode::kCarriedFlag + 4) ? source : *this;
+  const std::uint32_t carriedFlag = carriedFrom.GetDWord(devmode::kCarriedFlag);
+  const CDevMode& overWrittenFrom = source.Reaches(devmode::kOverWriteFlag + 4) ? source : *this;
+  const std::uint32_t overWriteFlag = overWrittenFrom.GetDWord(devmode::kOverWriteFlag);
   CopyFrom(source);
+  ClipTexts();
   SetDWord(devmode::kCarriedFlag, carriedFlag);
 
   const std::uint32_t copiedTemplate = GetDWord(devmode::kImpositionTemplate);

@@ -110,6 +110,8 @@ class CDevMode {
   [[nodiscard]] std::span<std::byte, kDevModeSize> Bytes() noexcept { return bytes_; }
 
  private:
+  // Ends every text at the longest that a copy takes.
+  void ClipTexts() noexcept;
   // Whether the block, by its own size, holds the bytes before `end`.
   [[nodiscard]] bool Reaches(std::size_t end) const noexcept;
 

@@ -1,0 +1,180 @@
+// Defaults, copying, texts, private ids and authentication data of the settings block.
+#include "oemps/devmode.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace zn::test {
+namespace {
+
+constexpr std::byte kOdd{0xAB};
+
+CDevMode FilledWith(std::byte byte) {
+  CDevMode block;
+  std::ranges::fill(block.Bytes(), byte);
+  return block;
+}
+
+CDevMode Defaulted() {
+  CDevMode block{};
+  block.SetDefaults();
+  return block;
+}
+
+// A current header before bytes that are nobody's default.
+CDevMode OddBlock() {
+  CDevMode block = FilledWith(kOdd);
+  const CDevMode defaulted = Defaulted();
+  std::memcpy(&block, &defaulted, kDevModeHeaderSize);
+  return block;
+}
+
+TEST(DevModeDefaults, AreWrittenOverWhateverWasThere) {
+  CDevMode block = FilledWith(kOdd);
+  block.SetDefaults();
+  EXPECT_TRUE(block.IsCurrent());
+  EXPECT_EQ(std::memcmp(&block, "\x70\x24\0\0TFSM\x02\0\0\0", kDevModeHeaderSize), 0);
+  struct Row {
+    std::size_t offset;
+    std::uint32_t value;
+  };
+  for (const Row& row :
+       {Row{24, 600},     Row{28, 90},      Row{1312, 1},     Row{1320, 300},   Row{1328, 16},
+        Row{1344, 29700}, Row{1348, 42000}, Row{1364, 29700}, Row{1368, 42000}, Row{1648, 29700},
+        Row{1652, 42000}, Row{1656, 20200}, Row{1660, 20200}, Row{1664, 20200}, Row{2960, 2},
+        Row{2964, 90},    Row{9108, 128},   Row{9212, 0},     Row{9244, 0},     Row{9324, 0}}) {
+    EXPECT_EQ(block.GetDWord(row.offset), row.value) << row.offset;
+  }
+  EXPECT_EQ(block.GetText(devmode::kComment), "");
+}
+
+TEST(DevModeDefaults, LeaveTheGapAsTheBufferHeldIt) {
+  CDevMode block = FilledWith(kOdd);
+  block.SetDefaults();
+  std::vector<std::size_t> kept;
+  for (std::size_t at = 0; at < kDevModeSize; ++at) {
+    if (block.Bytes()[at] == kOdd) {
+      kept.push_back(at);
+    }
+  }
+  EXPECT_EQ(kept, (std::vector<std::size_t>{9101, 9102, 9103, 9308, 9309, 9310, 9311}));
+}
+
+TEST(DevModeCopy, TakesEverythingButTheAuthenticationState) {
+  const CDevMode source = OddBlock();
+  CDevMode destination = Defaulted();
+  destination.CopyFrom(source);
+  std::vector<std::size_t> own;  // bytes that are not the source's
+  for (std::size_t at = 0; at < kDevModeSize; ++at) {
+    if (destination.Bytes()[at] != source.Bytes()[at]) {
+      own.push_back(at);
+    }
+  }
+  EXPECT_EQ(own, (std::vector<std::size_t>{71,   103,  359,  619,  684,  943,  1019, 1091,
+                                           1163, 1235, 1307, 1991, 2153, 2959, 9101, 9102,
+                                           9103, 9112, 9113, 9114, 9115, 9148, 9173, 9206,
+                                           9208, 9209, 9210, 9211, 9212, 9213, 9214, 9215}))
+      << "ends of clipped texts, reserved bytes, authentication state";
+}
+
+TEST(DevModeCopy, NothingWhenTheHeadersDiffer) {
+  for (const std::size_t offset : {devmode::kSize, devmode::kSignature, devmode::kVersion}) {
+    CDevMode source = OddBlock();
+    source.SetDWord(offset, source.GetDWord(offset) - 1);
+    CDevMode destination = Defaulted();
+    destination.CopyFrom(source);
+    EXPECT_TRUE(std::ranges::equal(destination.Bytes(), Defaulted().Bytes())) << offset;
+  }
+}
+
+TEST(DevModeCopy, NothingFromABlockThatSaysItIsShorter) {
+  CDevMode source = OddBlock();
+  CDevMode destination = Defaulted();
+  source.SetDWord(devmode::kSize, kDevModeSize - 1);
+  destination.SetDWord(devmode::kSize, kDevModeSize - 1);
+  destination.CopyFrom(source);
+  EXPECT_EQ(destination.GetTiffDPI(), 600U);
+}
+
+TEST(DevModeText, IsBoundedByItsField) {
+  CDevMode block = FilledWith(kOdd);
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), std::string(25, '\xAB'));
+  block.SetText(devmode::kJobOwnerPassword, std::string(300, 'p'));
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), std::string(24, 'p'));
+  EXPECT_EQ(block.Bytes()[devmode::kJobOwnerPassword - 1], kOdd);
+  EXPECT_EQ(block.Bytes()[devmode::kAccountId], kOdd);
+}
+
+TEST(DevModeText, NothingOfAnEarlierTextStays) {
+  CDevMode block = Defaulted();
+  block.SetText(devmode::kJobOwnerPassword, "secret");
+  block.SetText(devmode::kJobOwnerPassword, std::string_view("p\0cret", 6));
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), "p");
+  EXPECT_EQ(std::memcmp(&block.Bytes()[devmode::kJobOwnerPassword], "p\0\0\0\0\0\0", 7), 0);
+}
+
+TEST(DevModePrivateIds, FindTheirFields) {
+  struct Row {
+    std::uint32_t id;
+    int offset;  // -1: none
+    int bits;
+  };
+  for (const Row& row :
+       {Row{4300, -1, 0},    Row{4301, 20, 32},   Row{4302, 24, 16},   Row{4311, 1236, 32},
+        Row{4312, 1324, 16}, Row{4313, 1308, 16}, Row{4315, 1316, 32}, Row{4317, -1, 0},
+        Row{4318, 1992, 32}, Row{4325, 2020, 32}, Row{4330, 1348, 32}, Row{4339, -1, 0},
+        Row{4344, 1664, 16}, Row{4345, -1, 0},    Row{4348, 2156, 32}, Row{4352, 2964, 16},
+        Row{4355, 9108, 32}, Row{4356, -1, 0},    Row{0, -1, 0},       Row{0xFFFFFFFF, -1, 0}}) {
+    SCOPED_TRACE(row.id);
+    const DevModeField* field = FindPrivateField(row.id);
+    ASSERT_EQ(field != nullptr, row.offset >= 0);
+    if (field != nullptr) {
+      EXPECT_EQ(field->offset, row.offset);
+      EXPECT_EQ(field->privateWidth, row.bits);
+    }
+  }
+}
+
+TEST(DevModeAuthentication, FieldsByMethodAndSource) {
+  struct Row {
+    std::uint32_t method;
+    const char* specify;
+    std::uint32_t source;
+    const char* owner;
+    const char* password;
+    const char* account;
+  };
+  for (const Row& row :
+       {Row{0, "EnterName", 0, "", "", ""}, Row{1, "EnterName", 1, "entered", "secret", "account"},
+        Row{2, "LoginName", 0, "logon", "secret", "account"},
+        Row{255, "", 0, "logon", "secret", "account"},
+        Row{1, "entername", 0, "logon", "secret", "account"},
+        Row{1, "EnterName ", 0, "logon", "secret", "account"}}) {
+    SCOPED_TRACE(testing::Message() << row.method << " " << row.specify);
+    CDevMode block = FilledWith(kOdd);
+    block.SetAuthenticationData(row.method, row.specify, "entered", "secret", "account", "logon");
+    EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), row.method);
+    EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), row.source);
+    EXPECT_EQ(block.GetText(devmode::kJobOwnerName), row.owner);
+    EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), row.password);
+    EXPECT_EQ(block.GetText(devmode::kAccountId), row.account);
+    EXPECT_EQ(block.GetDWord(devmode::kOverWriteFlag), 0xABABABABU);
+  }
+}
+
+TEST(DevModeAuthentication, CutsEveryTextToItsField) {
+  CDevMode block = Defaulted();
+  const std::string tooLong(1000, 'x');
+  block.SetAuthenticationData(1, "EnterName", tooLong, tooLong, tooLong, tooLong);
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerName).size(), 32U);
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword).size(), 24U);
+  EXPECT_EQ(block.GetText(devmode::kAccountId).size(), 33U);
+  EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), 1U);
+}
+
+}  // namespace
+}  // namespace zn::test
