@@ -24,8 +24,10 @@ int Fail(int code, std::string_view message);
 
 int RunCodes(Arguments arguments);
 int RunDevMode(Arguments arguments);
+int RunFavorite(Arguments arguments);
 int RunKeyword(Arguments arguments);
 int RunProfile(Arguments arguments);
+int RunRecord(Arguments arguments);
 int RunRestriction(Arguments arguments);
 
 }  // namespace zn::inspect

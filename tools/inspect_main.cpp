@@ -17,6 +17,8 @@ constexpr Command kCommands[] = {
     {"devmode", "FILE|--default OUT|--convert SRC DST OUT|--merge SRC DST OUT", &RunDevMode},
     {"keyword", "NAME", &RunKeyword},
     {"codes", "ID", &RunCodes},
+    {"favorite", "FILE [--save OUT]", &RunFavorite},
+    {"record", "--default", &RunRecord},
     {"profile", "FILE", &RunProfile},
     {"restriction", "--group G KEY=VALUE...", &RunRestriction},
 };

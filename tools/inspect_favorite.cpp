@@ -1,0 +1,66 @@
+// zninspect favorite, zninspect record: what a favourite file or a fresh record holds.
+#include <cstdio>
+#include <string>
+
+#include "ddb/extended_option.h"
+#include "ddb/tag_text.h"
+#include "favorites/favorite_file.h"
+#include "tools/commands.h"
+
+namespace zn::inspect {
+namespace {
+
+void PrintItem(std::string_view tag, std::string_view value) {
+  std::string line(tag);
+  line.append(1, '=').append(value).append(1, '\n');
+  std::fwrite(line.data(), 1, line.size(), stdout);
+}
+
+void PrintEntry(const FavoriteEntry& entry) {
+  ddb::NumberText scratch;
+  std::printf("number1=%d\nnumber2=%d\nnumber3=%d\n", entry.number1, entry.number2, entry.number3);
+  PrintItem("comment", entry.comment);
+  PrintItem("page_size", entry.pageSizeName);
+  for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
+    if (tag.name.starts_with("EXT_")) {
+      PrintItem(tag.name, ddb::ExtendedValueText(entry.option, tag, scratch));
+    }
+  }
+  for (const ddb::Tag& tag : ddb::kTags) {
+    if (const auto value = ddb::ValueText(entry.option.m_Body, tag, true, scratch)) {
+      PrintItem(tag.name, *value);
+    }
+  }
+}
+
+}  // namespace
+
+int RunFavorite(Arguments arguments) {
+  const bool save = arguments.size() == 3 && std::string_view(arguments[1]) == "--save";
+  if (arguments.size() != 1 && !save) {
+    return Fail(kUsage, "favorite takes FILE [--save OUT]");
+  }
+  CFavoriteFileManager files;
+  FavoriteEntry entry;
+  if (!files.LoadFavoriteFromPath(entry, arguments[0])) {
+    return Fail(kFailed, std::string("cannot load ") + arguments[0]);
+  }
+  if (!save) {
+    PrintEntry(entry);
+    return kOk;
+  }
+  if (!files.SaveFavoriteFromPath(entry, arguments[2])) {
+    return Fail(kFailed, std::string("cannot save ") + arguments[2]);
+  }
+  return kOk;
+}
+
+int RunRecord(Arguments arguments) {
+  if (arguments.size() != 1 || std::string_view(arguments[0]) != "--default") {
+    return Fail(kUsage, "record takes --default");
+  }
+  PrintEntry(FavoriteEntry{});
+  return kOk;
+}
+
+}  // namespace zn::inspect
