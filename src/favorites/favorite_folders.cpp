@@ -66,6 +66,11 @@ class FileSearch {
   FileSearch& operator=(const FileSearch&) = delete;
 
   [[nodiscard]] bool Found() const { return handle_ != INVALID_HANDLE_VALUE; }
+  [[nodiscard]] bool IsFile() const {
+    return (found_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  }
+  [[nodiscard]] std::string_view Name() const { return found_.cFileName; }
+  bool Next() { return ::FindNextFileA(handle_, &found_) != FALSE; }
 
  private:
   WIN32_FIND_DATAA found_{};
@@ -117,6 +122,18 @@ bool DeleteFavorite(const FavoriteEntry& entry, bool onlyInSharedFolder) {
     return false;
   }
   return ::DeleteFileA(GetFavoritePath(entry.folder, entry.name).c_str()) != FALSE;
+}
+
+std::vector<std::string> ListFavoriteFiles(std::string_view folder) {
+  constexpr char kUnspelled = '?';  // also what stands for a character without a spelling
+  std::vector<std::string> names;
+  FileSearch search(GetFavoritePath(folder, "*").c_str());
+  for (bool more = search.Found(); more; more = search.Next()) {
+    if (search.IsFile() && search.Name().find(kUnspelled) == std::string_view::npos) {
+      names.emplace_back(search.Name());
+    }
+  }
+  return names;
 }
 
 bool FavoriteFileExists(const char* path) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "favorites/favorite_file.h"
 
@@ -31,6 +32,10 @@ enum class MissingFolder : std::uint8_t { Leave, Create };
 
 // False when the file stays: also when `onlyInSharedFolder` is set and the entry lies elsewhere.
 bool DeleteFavorite(const FavoriteEntry& entry, bool onlyInSharedFolder);
+
+// The names of the folder's favourite files, extension included, in no order. Names that the ANSI
+// code page cannot spell are left out: no call would find their files.
+[[nodiscard]] std::vector<std::string> ListFavoriteFiles(std::string_view folder);
 
 // Whether there is a file or folder of that path.
 [[nodiscard]] bool FavoriteFileExists(const char* path);

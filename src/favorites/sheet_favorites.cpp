@@ -1,0 +1,159 @@
+#include "favorites/sheet_favorites.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "favorites/favorite_folders.h"
+#include "platform/resources.h"
+#include "res/resource_ids.h"
+#include "session/session.h"
+#include "session/session_tables.h"
+
+namespace zn {
+namespace {
+
+std::string_view FormName(std::uint32_t index) {
+  const char* name = nullptr;
+  return GetFormsInfo(index, &name) != 0 ? name : "";
+}
+
+// The items of these are always told the first choice, or hold fewer choices than the session.
+bool HasChoicesBeyondItem(KeywordId id) {
+  return id == KW_PAGESIZE || std::ranges::count(kDeviceLists, id, &DeviceList::id) != 0 ||
+         std::ranges::count(kCustomColors, id, &CustomColor::id) != 0;
+}
+
+std::uint32_t CountChoices(const OPTITEM* item) {
+  const OPTTYPE* const type = item != nullptr ? item->pOptType : nullptr;
+  if (type == nullptr) {
+    return 0;
+  }
+  switch (type->Type) {
+    case TVOT_2STATES:
+    case TVOT_3STATES:
+    case TVOT_LISTBOX:
+    case TVOT_COMBOBOX:
+      return type->Count;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+SheetSettings SettingsOf(SheetContext& sheet) {
+  SheetSettings settings{sheet.options, sheet.jobValues, {GetFormsCount(), &FormName}, {}};
+  for (KeywordId id = 0; id < KW_MAX; ++id) {
+    settings.choices[id] = HasChoicesBeyondItem(id) ? 0 : CountChoices(sheet.items[id]);
+  }
+  return settings;
+}
+
+SheetFavorites& SheetFavorites::Of(SheetContext& sheet) {
+  if (!sheet.favorites) {
+    sheet.favorites = std::make_unique<SheetFavorites>(sheet);
+  }
+  return static_cast<SheetFavorites&>(*sheet.favorites);
+}
+
+SheetFavorites::SheetFavorites(SheetContext& sheet)
+    : sheet_(sheet),
+      store_(
+          GetSharedFolder(SharedFolder::Favorite), GetFavoriteExtension(), LoadFavoriteKeys(),
+          {LoadResourceString(IDS_STANDARD_FAVORITE), LoadResourceString(IDS_RESERVED_FAVORITE)}) {
+  Refresh();
+}
+
+void SheetFavorites::Refresh() {
+  store_.SetFiles(ListFavoriteFiles(store_.Folder()));
+}
+
+const SettingSource* SheetFavorites::Load(std::size_t index) {
+  return store_.Load(index, SettingsOf(sheet_));
+}
+
+std::vector<SettingSource> SheetFavorites::LoadAll() {
+  const SheetSettings settings = SettingsOf(sheet_);
+  std::vector<SettingSource> favorites(store_.Count());
+  for (std::size_t i = 0; i < favorites.size(); ++i) {
+    if (const SettingSource* const favorite = store_.Load(i, settings)) {
+      favorites[i] = *favorite;
+    } else {
+      TakeDefaults(favorites[i], settings);
+      favorites[i].name = store_.Name(i);
+    }
+  }
+  return favorites;
+}
+
+SettingSource& SheetFavorites::Current() {
+  TakeCurrent(current_, SettingsOf(sheet_));
+  return current_;
+}
+
+SettingSource SheetFavorites::Defaults() {
+  SettingSource defaults;
+  TakeDefaults(defaults, SettingsOf(sheet_));
+  return defaults;
+}
+
+bool SheetFavorites::DiffersFrom(Choice choice) {
+  const SheetSettings settings = SettingsOf(sheet_);
+  if (!choice) {
+    return DiffersFromDefaults(settings);
+  }
+  const SettingSource* const favorite = store_.Load(*choice, settings);
+  return favorite != nullptr && Differs(*favorite, Reach::Favorite, settings);
+}
+
+std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
+  SheetSettings settings = SettingsOf(sheet_);
+  if (!choice) {
+    ApplyDefaults(settings);
+    return PaperMatch::ByName;
+  }
+  const SettingSource* const favorite = store_.Load(*choice, settings);
+  if (favorite == nullptr) {
+    return std::nullopt;
+  }
+  const PaperMatch match = Apply(*favorite, Reach::Favorite, settings);
+  current_.option = favorite->option;
+  return match;
+}
+
+bool SheetFavorites::Save(std::string_view name, std::string_view comment) {
+  // Makes the folder for the first favourite of the machine.
+  (void)GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
+  RespellFile(name);
+  return store_.Save(name, comment, SettingsOf(sheet_));
+}
+
+bool SheetFavorites::Delete(std::size_t index) {
+  FavoriteEntry entry;
+  entry.folder = store_.Folder();
+  entry.name = store_.Name(index);
+  if (!DeleteFavorite(entry, true)) {
+    return false;
+  }
+  store_.Remove(index);
+  return true;
+}
+
+// The file system takes "Fair" and "fair" for one file: it gets the name that the user wrote, so
+// that the list and the folder agree.
+void SheetFavorites::RespellFile(std::string_view name) {
+  const std::string wanted = GetFavoritePath(store_.Folder(), name);
+  if (store_.Find(name) || !FavoriteFileExists(wanted.c_str())) {
+    return;
+  }
+  for (std::size_t i = 0; i < store_.Count(); ++i) {
+    if (::lstrcmpiA(store_.Name(i).c_str(), std::string(name).c_str()) == 0) {
+      ::MoveFileA(GetFavoritePath(store_.Folder(), store_.Name(i)).c_str(), wanted.c_str());
+      Refresh();
+      return;
+    }
+  }
+}
+
+}  // namespace zn

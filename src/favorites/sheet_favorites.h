@@ -1,0 +1,65 @@
+// The favourites of an open sheet: what the pages ask and do. Hangs on the sheet and goes with it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "favorites/favorites_store.h"
+#include "favorites/setting_source.h"
+#include "session/sheet_context.h"
+
+namespace zn {
+
+// The sheet as the conversion sees it.
+[[nodiscard]] SheetSettings SettingsOf(SheetContext& sheet);
+
+class SheetFavorites final : public SheetAttachment {
+ public:
+  // An entry of the favourites list; nothing stands for the standard settings.
+  using Choice = std::optional<std::size_t>;
+
+  // The sheet's own; the folder is listed when it is asked for the first time.
+  static SheetFavorites& Of(SheetContext& sheet);
+
+  explicit SheetFavorites(SheetContext& sheet);
+
+  // Lists the folder anew.
+  void Refresh();
+
+  // Count, names and search.
+  [[nodiscard]] const FavoritesStore& List() const { return store_; }
+
+  // Null when the file cannot be read. Valid until the next call of this or of what changes the
+  // favourites.
+  [[nodiscard]] const SettingSource* Load(std::size_t index);
+  // Every favourite in the order of the list, for the summary; one that cannot be read has the
+  // default settings.
+  [[nodiscard]] std::vector<SettingSource> LoadAll();
+
+  // The sheet's settings now. What the record holds beyond them is that of the favourite or dialog
+  // that was last taken over.
+  [[nodiscard]] SettingSource& Current();
+  [[nodiscard]] SettingSource Defaults();
+
+  // Whether the current settings differ from the choice; a favourite that cannot be read does not.
+  [[nodiscard]] bool DiffersFrom(Choice choice);
+  // Replaces the current settings; nothing, and no change, when the favourite cannot be read.
+  std::optional<PaperMatch> Select(Choice choice);
+
+  // Saves the current settings over the favourite of that name, or as a new one. False when the
+  // name or comment is too long, or the file could not be written whole.
+  bool Save(std::string_view name, std::string_view comment);
+  // Deletes the favourite and its file; false when the file stays.
+  bool Delete(std::size_t index);
+
+ private:
+  void RespellFile(std::string_view name);
+
+  SheetContext& sheet_;
+  FavoritesStore store_;
+  SettingSource current_;
+};
+
+}  // namespace zn
