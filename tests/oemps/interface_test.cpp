@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstring>
+#include <cwchar>
+#include <string>
 
 #include "plugin_client.h"
+#include "user_registry.h"
 
 namespace zn::test {
 namespace {
@@ -202,39 +204,6 @@ TEST_F(OemUI, ColorProfileIsTheFixedName) {
                                        nullptr, &flags),
             E_FAIL);
 }
-
-// The current user's registry for the time of a test.
-class UserRegistry {
- public:
-  UserRegistry() {
-    ::RegDeleteTreeA(HKEY_CURRENT_USER, kPath);
-    ::RegCreateKeyA(HKEY_CURRENT_USER, kPath, &key_);
-    ::RegOverridePredefKey(HKEY_CURRENT_USER, key_);
-  }
-  ~UserRegistry() {
-    ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    ::RegCloseKey(key_);
-    ::RegDeleteTreeA(HKEY_CURRENT_USER, kPath);
-  }
-  UserRegistry(const UserRegistry&) = delete;
-  UserRegistry& operator=(const UserRegistry&) = delete;
-
-  static void Create(const std::wstring& path) {
-    HKEY key = nullptr;
-    ASSERT_EQ(::RegCreateKeyW(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS);
-    ::RegCloseKey(key);
-  }
-  static bool Has(const std::wstring& path) {
-    HKEY key = nullptr;
-    const bool found = ::RegOpenKeyW(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS;
-    ::RegCloseKey(key);
-    return found;
-  }
-
- private:
-  static constexpr char kPath[] = "Software\\ZnTest\\oemps";
-  HKEY key_ = nullptr;
-};
 
 TEST_F(OemUI, DeletionOfAPrinterRemovesItsUserData) {
   const UserRegistry registry;

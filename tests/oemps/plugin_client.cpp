@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace zn::test {
 
 PlugIn::PlugIn(const std::string& path) : module_(::LoadLibraryA(path.c_str())) {
-  EXPECT_NE(module_, nullptr) << path;
+  if (module_ == nullptr) {
+    throw std::runtime_error("cannot load " + path);
+  }
 }
 
 PlugIn::~PlugIn() {

@@ -1,0 +1,230 @@
+// Printer properties: the page, and its button that opens the authentication manager.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "iat_patch.h"
+#include "plugin_client.h"
+#include "test_authentication.h"
+#include "user_registry.h"
+
+namespace zn::test {
+namespace {
+
+constexpr DWORD kOdd = 0xA5A5A5A5;
+constexpr WPARAM kButton = 1376;
+constexpr char kAuthenticationModule[] = "zn_test_authentication.dll";
+
+// The world of the button: which module its path leads to, and whether the printer opens.
+struct World {
+  const char* module = kAuthenticationModule;  // null: not installed
+  bool printerOpens = true;
+  std::string path, printerName;
+  DWORD access = 0;
+  int opened = 0, closed = 0;
+};
+World g_world;
+int g_printer = 0;
+
+HMODULE WINAPI LoadInstead(const char* path) {
+  g_world.path = path;
+  return g_world.module != nullptr ? ::LoadLibraryA(g_world.module) : nullptr;
+}
+
+BOOL WINAPI OpenInstead(char* name, HANDLE* printer, PRINTER_DEFAULTSA* defaults) {
+  g_world.printerName = name;
+  g_world.access = defaults->DesiredAccess;
+  EXPECT_EQ(defaults->pDatatype, nullptr);
+  EXPECT_EQ(defaults->pDevMode, nullptr);
+  *printer = g_world.printerOpens ? &g_printer : nullptr;
+  g_world.opened += g_world.printerOpens ? 1 : 0;
+  return g_world.printerOpens ? TRUE : FALSE;
+}
+
+BOOL WINAPI CloseInstead(HANDLE printer) {
+  EXPECT_EQ(printer, &g_printer);
+  ++g_world.closed;
+  return TRUE;
+}
+
+class DeviceSheet : public testing::Test {
+ protected:
+  DeviceSheet() { g_world = {}; }
+
+  void Record(const wchar_t* printer) {
+    OEMCUIPPARAM param{};
+    param.cbSize = sizeof param;
+    std::wstring name = printer != nullptr ? printer : L"";
+    param.pPrinterName = printer != nullptr ? name.data() : nullptr;
+    param.cOEMOptItems = 7;
+    EXPECT_EQ(object_->CommonUIProp(OEMCUIP_PRNPROP, &param), S_OK);
+    EXPECT_EQ(param.cOEMOptItems, 0U);
+  }
+
+  // The procedure of the page that a sheet with these flags adds.
+  DLGPROC AddPage(DWORD flags) {
+    FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
+    sheet.param.dwFlags = flags;
+    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+    EXPECT_EQ(sheet.info.Result, 101U);
+    EXPECT_EQ(sheet.calls.size(), 1U);
+    return sheet.calls.at(0).page.pfnDlgProc;
+  }
+
+  INT_PTR Click(DWORD flags = 0) {
+    const DLGPROC procedure = AddPage(flags);
+    const ImportPatch load(plugIn_.Module(), "LoadLibraryA", &LoadInstead);
+    const ImportPatch open(plugIn_.Module(), "OpenPrinterA", &OpenInstead);
+    const ImportPatch close(plugIn_.Module(), "ClosePrinter", &CloseInstead);
+    return procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), 0);
+  }
+
+  UserRegistry registry_;
+  PlugIn plugIn_;
+  ComPtr<IPrintOemUI> object_ = plugIn_.Object();
+};
+
+// Keeps the companion loaded, so that its memory of the call outlasts the click.
+class Companion {
+ public:
+  Companion() : module_(::LoadLibraryA(kAuthenticationModule)) { *Call() = {}; }
+  ~Companion() { ::FreeLibrary(module_); }
+  Companion(const Companion&) = delete;
+  Companion& operator=(const Companion&) = delete;
+  [[nodiscard]] AuthenticationCall* Call() const {
+    return reinterpret_cast<LastCallFunction*>(::GetProcAddress(module_, "LastCall"))();
+  }
+
+ private:
+  HMODULE module_;
+};
+
+TEST_F(DeviceSheet, AddsOnePage) {
+  FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
+  ASSERT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+  ASSERT_EQ(sheet.calls.size(), 1U);
+  EXPECT_EQ(sheet.calls[0].function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
+  const PROPSHEETPAGEA& page = sheet.calls[0].page;
+  EXPECT_EQ(page.dwSize, sizeof page);
+  EXPECT_EQ(page.dwFlags, 0U);
+  EXPECT_EQ(page.hInstance, plugIn_.Module());
+  EXPECT_EQ(page.pszTemplate, MAKEINTRESOURCEA(1121));
+  EXPECT_EQ(page.lParam, 0);
+  const HWND parent = ::CreateWindowA("STATIC", "", WS_OVERLAPPED, 0, 0, 300, 300, nullptr, nullptr,
+                                      nullptr, nullptr);
+  const HWND dialog =
+      ::CreateDialogParamA(page.hInstance, page.pszTemplate, parent, page.pfnDlgProc, 0);
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_NE(::GetDlgItem(dialog, kButton), nullptr);
+  ::DestroyWindow(parent);
+}
+
+TEST_F(DeviceSheet, AnswersTheOtherReasons) {
+  FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
+  PROPSHEETUI_INFO_HEADER header{};
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header)),
+            S_OK);
+  EXPECT_STREQ(reinterpret_cast<const wchar_t*>(header.pTitle), L"OEM UI Page");
+  EXPECT_EQ(sheet.info.Result, 1U);
+  SETRESULT_INFO set{};
+  set.Result = 4711;
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&set)), S_OK);
+  EXPECT_EQ(sheet.info.Result, 4711U);
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_ICON), S_OK);
+  EXPECT_EQ(sheet.info.Result, 0U);
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
+  EXPECT_EQ(sheet.info.Result, 1U);
+  EXPECT_EQ(sheet.Send(99), S_OK);
+
+  sheet.info.Version = 0x0101;
+  ::SetLastError(kOdd);
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), E_FAIL);
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(object_->DevicePropertySheets(nullptr, 0), E_FAIL);
+}
+
+TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {
+  UserRegistry::SetText(L"Printers\\Connections\\,,server,複合機", "GuidPrinter", "{1234}");
+  const Companion companion;
+  Record(L"\\\\server\\複合機");
+  EXPECT_EQ(Click(), 1);
+  EXPECT_EQ(g_world.path, "\\Windows\\System32\\spool\\drivers\\x64\\3\\Zn55psu1ui2.dll");
+  EXPECT_EQ(g_world.printerName, "\\\\server\\\x95\xA1\x8D\x87\x8B\x40");
+  EXPECT_EQ(g_world.access, DWORD{PRINTER_ALL_ACCESS});
+  EXPECT_EQ(companion.Call()->count, 1);
+  EXPECT_EQ(companion.Call()->printer, &g_printer);
+  EXPECT_STREQ(companion.Call()->keyName, "\x95\xA1\x8D\x87\x8B\x40{1234}");
+  EXPECT_EQ(companion.Call()->mayChange, 1);
+  EXPECT_EQ(g_world.closed, 1);
+}
+
+TEST_F(DeviceSheet, PermissionFollowsTheFlagsOfEachSheet) {
+  const Companion companion;
+  Record(L"printer");
+  for (const DWORD flags : {DPS_NOPERMISSION, DWORD{2}, DPS_NOPERMISSION | 4, DWORD{0}}) {
+    EXPECT_EQ(Click(flags), 1);
+    EXPECT_EQ(companion.Call()->mayChange, (flags & DPS_NOPERMISSION) != 0 ? 0 : 1) << flags;
+  }
+  FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
+  sheet.info.lParamInit = 0;
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+}
+
+TEST_F(DeviceSheet, ModuleIsFreedAfterTheDialog) {
+  Record(L"printer");
+  EXPECT_EQ(Click(), 1);
+  EXPECT_EQ(::GetModuleHandleA(kAuthenticationModule), nullptr);
+}
+
+TEST_F(DeviceSheet, MissingModuleIsNotHandled) {
+  Record(L"printer");
+  g_world.module = nullptr;
+  EXPECT_EQ(Click(), 0);
+  EXPECT_EQ(g_world.opened, 0);
+}
+
+TEST_F(DeviceSheet, MissingExportFreesTheModule) {
+  Record(L"printer");
+  g_world.module = ZN_TEST_MODULE;
+  EXPECT_EQ(Click(), 1);
+  EXPECT_EQ(::GetModuleHandleA(ZN_TEST_MODULE), nullptr);
+  EXPECT_EQ(g_world.opened, 0);
+}
+
+TEST_F(DeviceSheet, PrinterWithoutFullAccessLeavesTheModuleLoaded) {
+  Record(L"printer");
+  g_world.printerOpens = false;
+  EXPECT_EQ(Click(), 0);
+  const HMODULE module = ::GetModuleHandleA(kAuthenticationModule);
+  ASSERT_NE(module, nullptr);
+  EXPECT_EQ(g_world.closed, 0);
+  EXPECT_EQ(reinterpret_cast<LastCallFunction*>(::GetProcAddress(module, "LastCall"))()->count, 0);
+  ::FreeLibrary(module);
+}
+
+TEST_F(DeviceSheet, WithoutARecordedPrinterNothingIsOpened) {
+  Record(nullptr);
+  EXPECT_EQ(Click(), 0);
+  EXPECT_EQ(g_world.opened, 0);
+  ::FreeLibrary(::GetModuleHandleA(kAuthenticationModule));
+}
+
+TEST_F(DeviceSheet, LongPrinterNamesAreCutInTheKeyName) {
+  const Companion companion;
+  Record(std::wstring(5000, L'p').c_str());
+  EXPECT_EQ(Click(), 1);
+  EXPECT_EQ(std::string(companion.Call()->keyName), std::string(1023, 'p'));
+}
+
+TEST_F(DeviceSheet, OtherMessagesAreLeftAlone) {
+  const DLGPROC procedure = AddPage(0);
+  const ImportPatch load(plugIn_.Module(), "LoadLibraryA", &LoadInstead);
+  EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), 0);
+  EXPECT_EQ(procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton, BN_DOUBLECLICKED), 0), 0);
+  EXPECT_EQ(procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton + 1, BN_CLICKED), 0), 1);
+  EXPECT_EQ(g_world.path, "");
+}
+
+}  // namespace
+}  // namespace zn::test
