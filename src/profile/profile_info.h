@@ -31,6 +31,7 @@ class CProfileInfo {
   // Reads "<directory>\<name>.cps" (the separator is the platform's). A folder or an extension in
   // `name` is stripped. `ansiCodePage` picks the process's locale. Returns true when a file was
   // read; false after falling back to everything installed.
+  // Of a line longer than 1 MB the rest is passed over.
   bool UpdateProfile(const char* directory, const char* name, unsigned ansiCodePage);
 
   // The same on a file path as it stands.

@@ -1,5 +1,6 @@
 #include "profile/profile_lines.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <bitset>
@@ -63,6 +64,10 @@ struct FlagKeys {
 };
 
 constexpr std::size_t kTellingCharacter = 5;  // no other place tells so many keys apart
+
+static_assert(std::ranges::all_of(kFlagItems, [](const FlagItem& item) {
+  return item.suffix.size() > kTellingCharacter && !item.expected.empty();
+}));
 
 constexpr FlagKeys kFlagKeys = [] {
   FlagKeys result;

@@ -13,8 +13,6 @@
 namespace zn {
 namespace {
 
-using restriction::Group;
-
 int Box(HWND window, const std::string& text, UINT buttons) {
   const std::string caption = LoadResourceString(IDS_RESTRICTION_CAPTION);
   return ::MessageBoxA(window, text.c_str(), caption.c_str(), buttons | MB_ICONEXCLAMATION);
@@ -122,9 +120,9 @@ void PutBack(SheetContext& sheet, const RestrictedChange& change) {
 
 }  // namespace
 
-int CheckRestriction(HWND window, SheetContext& sheet, int group, int& answer, KeywordId& keyword) {
-  const auto changed = static_cast<Group>(group);
-  const restriction::Result result = restriction::Check(CurrentSelections(sheet), changed);
+int CheckRestriction(HWND window, SheetContext& sheet, restriction::Group group, int& answer,
+                     KeywordId& keyword) {
+  const restriction::Result result = restriction::Check(CurrentSelections(sheet), group);
   switch (result.verdict) {
     case restriction::Verdict::Allowed:
       return 0;
@@ -136,7 +134,7 @@ int CheckRestriction(HWND window, SheetContext& sheet, int group, int& answer, K
       if (result.other != kNoKeyword) {
         keyword = result.other;
       }
-      answer = AskAbout(window, sheet, result.other, restriction::KeywordOf(changed));
+      answer = AskAbout(window, sheet, result.other, restriction::KeywordOf(group));
       return 1;
   }
   return 0;

@@ -12,11 +12,12 @@
 
 namespace zn {
 
-// Checks the current selections after the setting `group` (restriction::Group) has changed. 0: they
-// are allowed. 1: they are not, and the user was told; `answer` is then IDOK (change the other
-// setting to its default) or IDCANCEL (refuse the change), or 0 when no box could be shown, and
-// `keyword` the other setting; it is left alone when there is none to name.
-int CheckRestriction(HWND window, SheetContext& sheet, int group, int& answer, KeywordId& keyword);
+// Checks the current selections after the setting `group` has changed. 0: they are allowed. 1: they
+// are not, and the user was told; `answer` is then IDOK (change the other setting to its default)
+// or IDCANCEL (refuse the change), or 0 when no box could be shown, and `keyword` the other
+// setting; it is left alone when there is none to name.
+int CheckRestriction(HWND window, SheetContext& sheet, restriction::Group group, int& answer,
+                     KeywordId& keyword);
 
 // A keyword's selection before the change.
 struct OldSelection {
