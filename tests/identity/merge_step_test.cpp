@@ -1,0 +1,360 @@
+// Merging through the shipped DLL: which printers get the user's data, and which data.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+
+#include "iat_patch.h"
+#include "oemps/devmode.h"
+#include "test_queue.h"
+#include "tests/devmode/reference_merge.h"
+#include "tests/oemps/plugin_client.h"
+#include "user_registry.h"
+
+namespace zn::test {
+namespace {
+
+constexpr DWORD kShared = PRINTER_ATTRIBUTE_SHARED;
+constexpr char kServer[] = "\\\\server";
+constexpr char kUserInfo[] = "Software\\Zentrik\\ZN Print Driver Data\\printer{guid}\\UserInfo";
+
+// What the DLL is told of the printer.
+struct World {
+  const char* server = kServer;
+  const char* printer = "\\\\server\\printer";
+  DWORD attributes = kShared;
+  bool fails = false;
+  DWORD printerDataError = ERROR_SUCCESS;
+};
+World g_world;
+decltype(&::GetPrinterA) g_getPrinter;
+
+BOOL WINAPI GetPrinterOfTheWorld(HANDLE printer, DWORD level, BYTE* memory, DWORD size,
+                                 DWORD* need) {
+  if (g_world.fails && memory != nullptr) {
+    ::SetLastError(ERROR_INVALID_HANDLE);
+    return FALSE;
+  }
+  const BOOL told = g_getPrinter(printer, level, memory, size, need);
+  if (told != FALSE && level == 2) {
+    auto* info = reinterpret_cast<PRINTER_INFO_2A*>(memory);
+    info->pServerName = const_cast<char*>(g_world.server);
+    info->pPrinterName = const_cast<char*>(g_world.printer);
+    info->Attributes = g_world.attributes;
+  }
+  return told;
+}
+
+// Lies about the size: there is data, but none comes.
+DWORD WINAPI NoPrinterData(HANDLE, const char*, const char*, DWORD*, BYTE*, DWORD size,
+                           DWORD* need) {
+  *need = size == 0 ? 4 : 0;
+  return size == 0 ? ERROR_MORE_DATA : g_world.printerDataError;
+}
+
+class MergeStep : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { queue_ = std::make_unique<TestQueue>(); }
+  static void TearDownTestSuite() { queue_.reset(); }
+
+  MergeStep() : getPrinter_(plugIn_.Module(), "GetPrinterA", &GetPrinterOfTheWorld) {
+    g_getPrinter = getPrinter_.Original<std::remove_pointer_t<decltype(g_getPrinter)>>();
+    g_world = {};
+    object_ = plugIn_.Object();
+    source_.SetDefaults();
+    destination_.SetDefaults();
+    source_.SetText(devmode::kJobOwnerName, "source name");
+    source_.SetText(devmode::kJobOwnerPassword, "source password");
+    source_.SetText(devmode::kAccountId, "source account");
+    source_.SetDWord(devmode::kOverWriteFlag, 7);
+    destination_.SetDWord(devmode::kManagementMethod, 8);
+    destination_.SetDWord(devmode::kOwnerNameSource, 9);
+    registry_.SetText("Printers\\Connections\\,,server,printer", "GuidPrinter", "{guid}");
+    SetMethod(1);
+  }
+
+  static void SetMethod(BYTE method) {
+    EXPECT_EQ(::SetPrinterDataExA(queue_->Handle(), "PrinterDriverData", "ManageMethod", REG_BINARY,
+                                  &method, sizeof method),
+              DWORD{ERROR_SUCCESS});
+  }
+
+  void StoreUserData(const std::string& specify) const {
+    registry_.SetText(kUserInfo, "SpecifyJobOwnerName_User", specify);
+    registry_.SetText(kUserInfo, "JobOwnerName_User", "entered");
+    registry_.SetText(kUserInfo, "JobOwnerNamePassword_User", "secret");
+    registry_.SetText(kUserInfo, "AccountID_User", "account");
+  }
+
+  HRESULT Run(HANDLE printer = queue_->Handle()) {
+    OEMDMPARAM param{};
+    param.cbSize = sizeof param;
+    param.hPrinter = printer;
+    param.pOEMDMIn = &source_;
+    param.pOEMDMOut = &destination_;
+    param.cbBufSize = kDevModeSize;
+    return object_->DevMode(OEMDM_MERGE, &param);
+  }
+
+  struct Data {
+    std::uint32_t method, source;
+    std::string owner, password, account;
+    std::uint32_t flag;
+
+    bool operator==(const Data&) const = default;
+    friend void PrintTo(const Data& data, std::ostream* out) {
+      *out << data.method << ' ' << data.source << " '" << data.owner << "' '" << data.password
+           << "' '" << data.account << "' " << data.flag;
+    }
+  };
+  [[nodiscard]] Data Merged() const {
+    return {destination_.GetDWord(devmode::kManagementMethod),
+            destination_.GetDWord(devmode::kOwnerNameSource),
+            std::string(destination_.GetText(devmode::kJobOwnerName)),
+            std::string(destination_.GetText(devmode::kJobOwnerPassword)),
+            std::string(destination_.GetText(devmode::kAccountId)),
+            destination_.GetDWord(devmode::kOverWriteFlag)};
+  }
+  [[nodiscard]] static Data Untouched(std::uint32_t flag) {
+    return {8, 9, "source name", "source password", "source account", flag};
+  }
+  [[nodiscard]] static std::string LogonName() {
+    char name[257] = "";
+    DWORD size = sizeof name;
+    ::GetUserNameA(name, &size);
+    return std::string(name).substr(0, 32);
+  }
+
+  static inline std::unique_ptr<TestQueue> queue_;
+  UserRegistry registry_;
+  PlugIn plugIn_;
+  ImportPatch getPrinter_;
+  ComPtr<IPrintOemUI> object_;
+  CDevMode source_{};
+  CDevMode destination_{};
+};
+
+TEST_F(MergeStep, OnlyAServersSharedPrinterGetsTheUsersData) {
+  struct Row {
+    const char* server;
+    DWORD attributes;
+    bool getsData;
+  };
+  StoreUserData("EnterName");
+  for (const Row& row :
+       {Row{kServer, PRINTER_ATTRIBUTE_SHARED, true}, Row{kServer, PRINTER_ATTRIBUTE_NETWORK, true},
+        Row{kServer, PRINTER_ATTRIBUTE_LOCAL, false}, Row{kServer, 0, false},
+        Row{nullptr, PRINTER_ATTRIBUTE_SHARED, false}, Row{"", PRINTER_ATTRIBUTE_NETWORK, false}}) {
+    SCOPED_TRACE(testing::Message()
+                 << (row.server != nullptr ? row.server : "-") << " " << row.attributes);
+    g_world.server = row.server;
+    g_world.attributes = row.attributes;
+    destination_.SetDWord(devmode::kManagementMethod, 8);
+    destination_.SetDWord(devmode::kOwnerNameSource, 9);
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(),
+              row.getsData ? (Data{1, 1, "entered", "secret", "account", 1}) : Untouched(7));
+  }
+}
+
+TEST_F(MergeStep, OwnerIsTheLogonNameUnlessANameIsEntered) {
+  for (const char* specify : {"LoginName", "", "entername", "EnterName2"}) {
+    StoreUserData(specify);
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), (Data{1, 0, LogonName(), "secret", "account", 1})) << specify;
+  }
+}
+
+TEST_F(MergeStep, MethodOfThePrinter) {
+  StoreUserData("EnterName");
+  SetMethod(0);
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged(), (Data{0, 0, "", "", "", 1}));
+
+  SetMethod(255);
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged(), (Data{255, 1, "entered", "secret", "account", 1}));
+
+  DWORD wide = 0x01020304;  // only the first byte counts
+  ::SetPrinterDataExA(queue_->Handle(), "PrinterDriverData", "ManageMethod", REG_DWORD,
+                      reinterpret_cast<BYTE*>(&wide), sizeof wide);
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged().method, 4U);
+}
+
+TEST_F(MergeStep, UnreadableMethodLeavesTheUsersDataOut) {
+  const ImportPatch noData(plugIn_.Module(), "GetPrinterDataExA", &NoPrinterData);
+  StoreUserData("EnterName");
+  for (const DWORD error : {DWORD{ERROR_SUCCESS}, DWORD{ERROR_FILE_NOT_FOUND}}) {
+    g_world.printerDataError = error;
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), Untouched(1));
+  }
+  registry_.Clear();  // without user data it counts as off
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged(), (Data{0, 0, "", "", "", 1}));
+}
+
+TEST_F(MergeStep, MissingUserDataGivesTheLogonName) {
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged(), (Data{1, 0, LogonName(), "", "", 1}));
+}
+
+TEST_F(MergeStep, OneMissingValueLeavesAllFields) {
+  for (const char* value : {"SpecifyJobOwnerName_User", "JobOwnerName_User",
+                            "JobOwnerNamePassword_User", "AccountID_User"}) {
+    StoreUserData("EnterName");
+    registry_.DeleteValue(kUserInfo, value);
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), Untouched(1)) << value;
+    registry_.Set(kUserInfo, value, REG_BINARY, "");  // no bytes: nothing to read
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), Untouched(1)) << value;
+  }
+}
+
+TEST_F(MergeStep, ValuesOfAllKindsAreCutToTheirFields) {
+  struct Row {
+    DWORD type;
+    std::string bytes;
+    std::string text;
+  };
+  for (const Row& row : {Row{REG_SZ, std::string("\0", 1), ""}, Row{REG_BINARY, "no end", "no end"},
+                         Row{REG_BINARY, std::string("two\0parts", 9), "two"},
+                         Row{REG_DWORD, std::string("ABC\0", 4), "ABC"},
+                         Row{REG_BINARY, std::string(65536, 'x'), std::string(255, 'x')},
+                         Row{REG_SZ, std::string(32, 'y') + '\0', std::string(32, 'y')}}) {
+    SCOPED_TRACE(row.bytes.size());
+    StoreUserData("EnterName");
+    for (const char* value : {"JobOwnerName_User", "JobOwnerNamePassword_User", "AccountID_User"}) {
+      registry_.Set(kUserInfo, value, row.type, row.bytes);
+    }
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), (Data{1, 1, row.text.substr(0, 32), row.text.substr(0, 24),
+                              row.text.substr(0, 33), 1}));
+  }
+}
+
+TEST_F(MergeStep, ClientSideRenderingNamesLeadToTheSameData) {
+  StoreUserData("EnterName");
+  for (const char* name : {"\\\\server\\CSR|{guid}", "\\\\server\\CSR|printer"}) {
+    g_world.printer = name;
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), (Data{1, 1, "entered", "secret", "account", 1})) << name;
+  }
+}
+
+TEST_F(MergeStep, PrinterWithoutANameKeepsTheSourcesData) {
+  for (const char* name : {static_cast<const char*>(nullptr), ""}) {
+    g_world.printer = name;
+    EXPECT_EQ(Run(), S_OK);
+    EXPECT_EQ(Merged(), Untouched(1));
+  }
+}
+
+TEST_F(MergeStep, EndlessNameIsHarmless) {
+  const std::string name = "\\\\server\\" + std::string(2000, 'p');
+  g_world.printer = name.c_str();
+  EXPECT_EQ(Run(), S_OK);
+  EXPECT_EQ(Merged(), (Data{1, 0, LogonName(), "", "", 1}));
+}
+
+TEST_F(MergeStep, UnreadablePrinterFailsAfterTheFieldsAreMerged) {
+  source_.SetDWord(devmode::kTiffDpi, 1201);
+  destination_.SetDWord(devmode::kTiffDpi, 5);
+  g_world.fails = true;
+  EXPECT_EQ(Run(), E_FAIL);
+  EXPECT_EQ(destination_.GetTiffDPI(), 600U);
+  EXPECT_EQ(Merged(), Untouched(7));
+  g_world.fails = false;
+  EXPECT_EQ(Run(nullptr), E_FAIL);
+  EXPECT_EQ(Run(reinterpret_cast<HANDLE>(std::uintptr_t{0x7777})), E_FAIL);
+}
+
+// A block whose last byte is the last of its page; behind it no access is allowed.
+class BlockAtPageEnd {
+ public:
+  BlockAtPageEnd() {
+    constexpr std::size_t kPage = 4096;
+    constexpr std::size_t kPages = (kDevModeSize + kPage - 1) / kPage * kPage;
+    memory_ = static_cast<std::byte*>(
+        ::VirtualAlloc(nullptr, kPages + kPage, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    DWORD old = 0;
+    ::VirtualProtect(memory_ + kPages, kPage, PAGE_NOACCESS, &old);
+    block_ = reinterpret_cast<CDevMode*>(memory_ + kPages - kDevModeSize);
+  }
+  ~BlockAtPageEnd() { ::VirtualFree(memory_, 0, MEM_RELEASE); }
+  BlockAtPageEnd(const BlockAtPageEnd&) = delete;
+  BlockAtPageEnd& operator=(const BlockAtPageEnd&) = delete;
+
+  CDevMode& operator*() const { return *block_; }
+
+ private:
+  std::byte* memory_;
+  CDevMode* block_;
+};
+
+TEST_F(MergeStep, RandomBlocksComeOutGoodAndStable) {
+  StoreUserData("EnterName");
+  const BlockAtPageEnd source;
+  const BlockAtPageEnd destination;
+  OEMDMPARAM param{};
+  param.hPrinter = queue_->Handle();
+  param.pOEMDMIn = &*source;
+  param.pOEMDMOut = &*destination;
+  std::mt19937 random(20260201);
+  for (int round = 0; round < 60; ++round) {
+    SCOPED_TRACE(round);
+    const unsigned kinds = 2U << (round % 8);
+    (*destination).SetDefaults();
+    (*source).SetDefaults();
+    const std::size_t begin = round % 4 == 0 ? 0 : kDevModeHeaderSize;  // with and without header
+    std::ranges::generate((*source).Bytes().subspan(begin),
+                          [&] { return std::byte(random() % kinds * 37); });
+    for (const DWORD mode : {OEMDM_CONVERT, OEMDM_MERGE}) {
+      param.cbBufSize = kDevModeSize;
+      ASSERT_EQ(object_->DevMode(mode, &param), S_OK);
+    }
+    const DevModeField* bad = FirstBadField(*destination);
+    ASSERT_EQ(bad, nullptr) << bad->offset;
+    *source = *destination;
+    ASSERT_EQ(object_->DevMode(OEMDM_MERGE, &param), S_OK);
+    ASSERT_TRUE(std::ranges::equal((*source).Bytes(), (*destination).Bytes()));
+  }
+}
+
+TEST_F(MergeStep, BadArguments) {
+  struct Row {
+    DWORD mode;
+    void* in;
+    void* out;
+    DWORD bufferSize;
+    DWORD lastError;
+  };
+  for (const Row& row :
+       {Row{0, &source_, &destination_, kDevModeSize, ERROR_INVALID_PARAMETER},
+        Row{5, &source_, &destination_, kDevModeSize, ERROR_INVALID_PARAMETER},
+        Row{OEMDM_DEFAULT, &source_, nullptr, 0, ERROR_INVALID_PARAMETER},
+        Row{OEMDM_CONVERT, nullptr, &destination_, 0, ERROR_INVALID_PARAMETER},
+        Row{OEMDM_MERGE, &source_, nullptr, 0, ERROR_INVALID_PARAMETER},
+        Row{OEMDM_DEFAULT, nullptr, &destination_, kDevModeSize - 1, ERROR_INSUFFICIENT_BUFFER}}) {
+    SCOPED_TRACE(row.mode);
+    const CDevMode before = destination_;
+    OEMDMPARAM param{};
+    param.hPrinter = queue_->Handle();
+    param.pOEMDMIn = row.in;
+    param.pOEMDMOut = row.out;
+    param.cbBufSize = row.bufferSize;
+    ::SetLastError(0xDEAD);
+    EXPECT_EQ(object_->DevMode(row.mode, &param), E_FAIL);
+    EXPECT_EQ(::GetLastError(), row.lastError);
+    EXPECT_TRUE(std::ranges::equal(before.Bytes(), destination_.Bytes()));
+  }
+  ::SetLastError(0xDEAD);
+  EXPECT_EQ(object_->DevMode(OEMDM_SIZE, nullptr), E_FAIL);
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+}
+
+}  // namespace
+}  // namespace zn::test
