@@ -145,6 +145,7 @@ TEST_F(SetupTest, UnusableStoredSettingsEndTheSetUp) {
     SCOPED_TRACE(&answer - answers);
     FakeStored fake;
     fake.user = answer;
+    fake.documentSize = static_cast<LONG>(StoredBytes().size());  // where a whole one has its block
     fake.global.kind = FakeStored::Kind::Fails;
     SetUpSession();
     EXPECT_FALSE(sheet_->settingsRead);
@@ -178,6 +179,36 @@ TEST_F(SetupTest, FormNamesAreThePrintersPapers) {
     names.append(name).append(";");
   }
   EXPECT_EQ(names, "A4;A3;B5;");
+}
+
+// Two papers, the first with a name that fills its 64 bytes; the second call may fail.
+int g_namesAnswer = 2;
+int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
+  if (names == nullptr) {
+    return 2;
+  }
+  std::memset(names, 'p', 64);
+  std::strcpy(names + 64, "second");
+  return g_namesAnswer;
+}
+
+TEST_F(SetupTest, FormNamesEndWithinTheirPlace) {
+  const ImportPatch papers(::GetModuleHandleA(nullptr), "DeviceCapabilitiesA",
+                           &FakeDeviceCapabilities);
+  g_namesAnswer = 2;
+  SetUpSession();
+  const char* name = nullptr;
+  ASSERT_EQ(GetFormsInfo(0, &name), 1);
+  EXPECT_EQ(std::string(name), std::string(63, 'p'));
+  ASSERT_EQ(GetFormsInfo(1, &name), 1);
+  EXPECT_STREQ(name, "second");
+
+  g_namesAnswer = -1;
+  SetUpSession();
+  name = "before";
+  EXPECT_EQ(GetFormsCount(), 0u);
+  EXPECT_EQ(GetFormsInfo(0, &name), 0);
+  EXPECT_STREQ(name, "before");
 }
 
 TEST_F(SetupTest, JobValuesComeFromTheSheetsBlock) {
