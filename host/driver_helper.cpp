@@ -22,9 +22,8 @@ ULONG DriverHelper::Release() {
   return static_cast<ULONG>(::InterlockedDecrement(&references_));
 }
 
-HRESULT DriverHelper::DrvGetDriverSetting(PVOID /*pci*/, PCSTR Feature, PVOID pOutput,
-                                          DWORD cbSize, PDWORD pcbNeeded,
-                                          PDWORD pdwOptionsReturned) {
+HRESULT DriverHelper::DrvGetDriverSetting(PVOID /*pci*/, PCSTR Feature, PVOID pOutput, DWORD cbSize,
+                                          PDWORD pcbNeeded, PDWORD pdwOptionsReturned) {
   // Small numbers stand for settings that are no features; this driver has none of them.
   OPTITEM* item = items_ != nullptr && reinterpret_cast<ULONG_PTR>(Feature) > 0x10000
                       ? items_->Find(Feature)
@@ -55,9 +54,9 @@ HRESULT DriverHelper::DrvUpdateUISetting(PVOID /*pci*/, PVOID pOptItem, DWORD dw
     updates_.push_back({keyword, std::to_string(dwPreviousSelection), "?", dwMode});
     return E_FAIL;
   }
-  updates_.push_back(
-      {keyword, items_->SelectionName(*item, static_cast<std::int32_t>(dwPreviousSelection)),
-       items_->SelectionName(*item, item->Sel), dwMode});
+  updates_.push_back({keyword,
+                      items_->SelectionName(*item, static_cast<std::int32_t>(dwPreviousSelection)),
+                      items_->SelectionName(*item, item->Sel), dwMode});
   return updateResult_;
 }
 

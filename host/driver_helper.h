@@ -38,8 +38,8 @@ class DriverHelper final : public IPrintOemDriverUI {
                                                 PDWORD pdwOptionsReturned) override;
   HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE hPrinter, PCSTR pFeature,
                                                       PCSTR pOption) override;
-  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID pci, PVOID pOptItem,
-                                               DWORD dwPreviousSelection, DWORD dwMode) override;
+  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID pci, PVOID pOptItem, DWORD dwPreviousSelection,
+                                               DWORD dwMode) override;
 
  private:
   OptionItems* items_ = nullptr;

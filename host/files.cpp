@@ -42,8 +42,8 @@ std::string ProgramFolder() {
 
 std::string AbsolutePath(const std::string& path) {
   std::array<char, MAX_PATH> full{};
-  const DWORD length = ::GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()),
-                                          full.data(), nullptr);
+  const DWORD length =
+      ::GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
   return length > 0 && length < full.size() ? std::string(full.data(), length) : path;
 }
 

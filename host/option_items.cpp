@@ -121,8 +121,7 @@ void OptionItems::AddHeading(BYTE level, const wchar_t* name) {
 void OptionItems::AddStandardItem(std::size_t row, BYTE level, const ItemSelections& selections) {
   const StandardItem& standard = kStandardItems[row];
   const std::size_t feature = FeatureIndex(standard.keyword);
-  OPTITEM& item =
-      AddItem({standard.keyword, standard.publicItem, feature}, level, standard.name);
+  OPTITEM& item = AddItem({standard.keyword, standard.publicItem, feature}, level, standard.name);
   if (feature != kNoFeature) {
     std::vector<std::wstring> names;
     for (const FeatureOption& option : description_.Features()[feature].options) {
@@ -249,9 +248,8 @@ void OptionItems::StoreTo(FullDevMode& devmode) const {
   }
   DEVMODEW& documented = devmode.Public();
   documented.dmFields = DM_ORIENTATION | DM_COPIES | DM_SCALE | DM_COLLATE;
-  documented.dmOrientation = selections.publicItems[DMPUB_ORIENTATION] == 0
-                                 ? DMORIENT_PORTRAIT
-                                 : DMORIENT_LANDSCAPE;
+  documented.dmOrientation =
+      selections.publicItems[DMPUB_ORIENTATION] == 0 ? DMORIENT_PORTRAIT : DMORIENT_LANDSCAPE;
   documented.dmCopies = static_cast<short>(selections.publicItems[DMPUB_COPIES_COLLATE]);
   documented.dmScale = static_cast<short>(selections.publicItems[DMPUB_SCALE]);
   const std::size_t collate = FeatureIndex(kCollateKeyword);

@@ -31,6 +31,7 @@ class OptionItems {
   // The selections of a queue that nobody changed yet.
   static void SetDefaults(const PrinterDescription& description, FullDevMode& devmode);
 
+  [[nodiscard]] const PrinterDescription& Description() const { return description_; }
   [[nodiscard]] OPTITEM* Data() { return items_.data(); }
   [[nodiscard]] DWORD Count() const { return static_cast<DWORD>(items_.size()); }
 
@@ -51,9 +52,9 @@ class OptionItems {
 
   // What stands behind an item: one record per item, headings included.
   struct Source {
-    const char* keyword;   // empty: a heading
-    BYTE publicItem;       // DMPUB_ number, 0: none
-    std::size_t feature;   // place in the printer description, kNoFeature: none
+    const char* keyword;  // empty: a heading
+    BYTE publicItem;      // DMPUB_ number, 0: none
+    std::size_t feature;  // place in the printer description, kNoFeature: none
   };
 
   void AddHeading(BYTE level, const wchar_t* name);

@@ -42,8 +42,8 @@ PlugIn::PlugIn(const std::string& path) : module_(::LoadLibraryA(path.c_str())) 
     ThrowSystemError("cannot load " + path);
   }
   IClassFactory* made = nullptr;
-  Check(Export<GetClassObject>(module_.get(), "DllGetClassObject")(
-            CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&made)),
+  Check(Export<GetClassObject>(module_.get(), "DllGetClassObject")(CLSID_OEMUI, IID_IClassFactory,
+                                                                   reinterpret_cast<void**>(&made)),
         "DllGetClassObject");
   const std::unique_ptr<IClassFactory, Releaser> factory(made);
   IUnknown* instance = nullptr;

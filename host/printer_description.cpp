@@ -60,10 +60,9 @@ void PrinterDescription::AddLine(std::string_view line) {
   if (line.starts_with("*CloseUI")) {
     inFeature_ = false;
     const auto option = std::ranges::find(feature.options, defaultName_, &FeatureOption::name);
-    feature.defaultOption =
-        option != feature.options.end()
-            ? static_cast<std::size_t>(option - feature.options.begin())
-            : 0;
+    feature.defaultOption = option != feature.options.end()
+                                ? static_cast<std::size_t>(option - feature.options.begin())
+                                : 0;
   } else if (const auto name = After(line, "*Default" + feature.keyword + ":")) {
     defaultName_ = *name;
   } else if (const auto option = After(line, "*" + feature.keyword + " ")) {

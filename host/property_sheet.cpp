@@ -166,8 +166,8 @@ void PropertySheet::Open(const std::string& title) {
     } else if (page->created != nullptr) {
       handles.push_back(page->created);
     } else {
-      handles.push_back(::CreatePropertySheetPageA(
-          reinterpret_cast<const PROPSHEETPAGEA*>(page->record.data())));
+      handles.push_back(
+          ::CreatePropertySheetPageA(reinterpret_cast<const PROPSHEETPAGEA*>(page->record.data())));
     }
     if (handles.back() == nullptr) {
       throw HostError("a page could not be created");

@@ -57,7 +57,7 @@ class PropertySheet {
 
  private:
   struct Page {
-    std::string title;  // empty: the template's
+    std::string title;              // empty: the template's
     std::vector<std::byte> record;  // of a dialog page: the PROPSHEETPAGEA as it was handed over
     std::unique_ptr<TreePage> tree;
     HPROPSHEETPAGE created = nullptr;  // of a page that came as a handle

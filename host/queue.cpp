@@ -14,9 +14,10 @@ constexpr char kDescriptionFile[] = "ZN5050.ppd";
 constexpr char kDriverFile[] = "wineps.drv";
 constexpr int kDriverVersion = 3;  // user-mode drivers
 
-// What lies beside the driver's own files: plug-in, companions, device profile.
-constexpr const char* kBesideDriver[] = {"Zn55psu1.dll", "Zn55psu1UI.dll", "Zn55psu1ui2.dll",
-                                         "ZN Lumera 5050.cps"};
+// What lies beside the driver's own files: plug-in and companions, and as a text the device
+// profile with the driver's name.
+constexpr const char* kModules[] = {"Zn55psu1.dll", "Zn55psu1UI.dll", "Zn55psu1ui2.dll"};
+constexpr char kProfileFile[] = "ZN Lumera 5050.cps";
 
 char* Writable(const char* text) {
   return const_cast<char*>(text);
@@ -33,29 +34,37 @@ std::string DriverDirectory() {
 }
 
 std::string FromUtf8(std::string_view text) {
-  const int length = ::MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                           nullptr, 0);
+  const int length =
+      ::MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
   std::wstring wide(static_cast<std::size_t>(length), L'\0');
   ::MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), wide.data(),
                         length);
   return AnsiText(wide);
 }
 
-// The installed description is in the ANSI code page, as the system's drivers read it.
-void InstallDescription(const std::string& folder) {
-  const auto description = ReadWholeFile(ProgramFolder() + kDescriptionFile);
-  if (!description) {
-    throw HostError(std::string("cannot read ") + ProgramFolder() + kDescriptionFile);
+// The sample's texts are UTF-8; installed ones are in the ANSI code page, as the system's drivers
+// and the plug-in read them.
+std::string ReadSampleText(const char* file) {
+  const auto text = ReadWholeFile(ProgramFolder() + file);
+  if (!text) {
+    throw HostError("cannot read " + ProgramFolder() + file);
   }
-  std::string text = FromUtf8(*description);
+  return FromUtf8(*text);
+}
+
+void Install(const std::string& folder, const char* file, std::string_view text) {
+  if (!WriteWholeFile(folder + file, text)) {
+    throw HostError("cannot write " + folder + file);
+  }
+}
+
+std::string DescriptionText() {
+  std::string text = ReadSampleText(kDescriptionFile);
   constexpr std::string_view kEncoding = "*LanguageEncoding: UTF-8";
   if (const std::size_t at = text.find(kEncoding); at != std::string::npos) {
     text.replace(at, kEncoding.size(), "*LanguageEncoding: 90ms-RKSJ");
   }
-  // Once for the spooler to take over, once for a driver that is there already.
-  if (!WriteWholeFile(folder + kDescriptionFile, text)) {
-    throw HostError("cannot write " + folder + kDescriptionFile);
-  }
+  return text;
 }
 
 void AddDriver() {
@@ -94,13 +103,16 @@ void AddQueue(const std::string& name) {
 
 void InstallQueue(const std::string& name) {
   const std::string folder = DriverDirectory();
-  InstallDescription(folder);
+  const std::string description = DescriptionText();
+  Install(folder, kDescriptionFile, description);
   AddDriver();
   const std::string versionFolder = folder + std::to_string(kDriverVersion) + "\\";
-  InstallDescription(versionFolder);
-  for (const char* file : kBesideDriver) {
-    if (!::CopyFileA((ProgramFolder() + file).c_str(), (versionFolder + file).c_str(), FALSE)) {
-      ThrowSystemError(std::string("cannot install ") + file);
+  // A driver that was there already keeps its files otherwise.
+  Install(versionFolder, kDescriptionFile, description);
+  Install(versionFolder, kProfileFile, ReadSampleText(kProfileFile));
+  for (const char* module : kModules) {
+    if (!::CopyFileA((ProgramFolder() + module).c_str(), (versionFolder + module).c_str(), FALSE)) {
+      ThrowSystemError(std::string("cannot install ") + module);
     }
   }
   AddQueue(name);

@@ -11,9 +11,9 @@
 namespace zn::host {
 namespace {
 
-constexpr int kEditorGap = 4;      // pixels between label and editor
-constexpr int kListWidth = 200;    // pixels
-constexpr int kNumberWidth = 80;   // pixels
+constexpr int kEditorGap = 4;     // pixels between label and editor
+constexpr int kListWidth = 200;   // pixels
+constexpr int kNumberWidth = 80;  // pixels
 constexpr int kDroppedHeight = 160;
 
 bool IsList(const OPTITEM& item) {
@@ -35,8 +35,7 @@ TreePage::TreePage(const COMPROPSHEETUI& record) : record_(record), edited_(reco
 
 std::string TreePage::Title() const {
   // A list of pages has one page for the tree; a small number stands for a standard set.
-  const bool named = reinterpret_cast<ULONG_PTR>(record_.pDlgPage) > CPSUI_PDLGPAGE_TREEVIEWONLY &&
-                     record_.cDlgPage > 0;
+  const bool named = record_.pDlgPage > CPSUI_PDLGPAGE_TREEVIEWONLY && record_.cDlgPage > 0;
   return named ? Text(record_.pDlgPage->pTabName) : "";
 }
 
@@ -104,14 +103,14 @@ INT_PTR TreePage::OnNotify(const NMHDR& header) {
       break;
     case static_cast<UINT>(PSN_APPLY): {
       const LONG action = Callback(CPSUICB_REASON_APPLYNOW);
-      ::SetWindowLongPtrA(dialog_, DWLP_MSGRESULT,
-                          action == CPSUICB_ACTION_NO_APPLY_EXIT ? PSNRET_INVALID_NOCHANGEPAGE
-                                                                 : PSNRET_NOERROR);
+      ::SetWindowLongPtrA(
+          dialog_, DWLP_MSGRESULT,
+          action == CPSUICB_ACTION_NO_APPLY_EXIT ? PSNRET_INVALID_NOCHANGEPAGE : PSNRET_NOERROR);
       return TRUE;
     }
     case TVN_SELCHANGEDA:
-      OpenEditor(static_cast<std::size_t>(
-          reinterpret_cast<const NMTREEVIEWA*>(&header)->itemNew.lParam));
+      OpenEditor(
+          static_cast<std::size_t>(reinterpret_cast<const NMTREEVIEWA*>(&header)->itemNew.lParam));
       return TRUE;
     case TVN_ITEMEXPANDEDA:
       PlaceEditor();

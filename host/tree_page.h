@@ -51,8 +51,8 @@ class TreePage {
   HWND tree_ = nullptr;
   std::vector<HTREEITEM> nodes_;  // by item; null: hidden
   UniqueImageList images_;
-  std::size_t edited_;            // item under the editor, or ItemCount()
-  bool filling_ = false;          // the page itself changes the editor
+  std::size_t edited_;    // item under the editor, or ItemCount()
+  bool filling_ = false;  // the page itself changes the editor
 };
 
 }  // namespace zn::host

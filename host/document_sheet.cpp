@@ -1,0 +1,162 @@
+#include "host/document_sheet.h"
+
+#include <algorithm>
+
+#include "host/files.h"
+#include "host/host_error.h"
+#include "host/host_text.h"
+
+namespace zn::host {
+
+int SheetHeap::LiveBlocks() const {
+  int blocks = 0;
+  PROCESS_HEAP_ENTRY entry{};
+  while (::HeapWalk(heap_, &entry)) {
+    blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+  }
+  return blocks;
+}
+
+FullDevMode DocumentSheet::StartDevMode(const PlugIn& plugIn, const Queue& queue,
+                                        const FullDevMode* stored) {
+  const auto queueStored = stored == nullptr ? queue.StoredDevMode() : std::nullopt;
+  if (stored == nullptr && queueStored) {
+    stored = &*queueStored;
+  }
+  FullDevMode start(queue.WideName());
+  OptionItems::SetDefaults(queue.Description(), start);
+  if (stored != nullptr) {
+    start = *stored;
+  }
+  plugIn.FillBlock(queue.Handle(), start, stored);
+  return start;
+}
+
+DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const FullDevMode& start,
+                             const DocumentSheetOptions& options)
+    : plugIn_(plugIn),
+      queueName_(queue.WideName()),
+      start_(start),
+      devMode_(start),
+      kept_(start),
+      items_(queue.Description(), start, options.withPageOrder) {
+  object_ = {sizeof object_, &procedures_};
+  itemParameter_.cbSize = sizeof itemParameter_;
+  itemParameter_.poemuiobj = &object_;
+  itemParameter_.hPrinter = queue.Handle();
+  itemParameter_.pPrinterName = queueName_.data();
+  itemParameter_.hModule = plugIn.Module();
+  itemParameter_.hOEMHeap = heap_.Handle();
+  itemParameter_.pPublicDM = &devMode_.Public();
+  itemParameter_.pOEMDM = devMode_.Private().block.Bytes().data();
+  itemParameter_.dwFlags = options.flags;
+
+  sheetParameter_.cbSize = sizeof sheetParameter_;
+  sheetParameter_.poemuiobj = &object_;
+  sheetParameter_.hPrinter = queue.Handle();
+  sheetParameter_.pPrinterName = queueName_.data();
+  sheetParameter_.hModule = plugIn.Module();
+  sheetParameter_.hOEMHeap = heap_.Handle();
+  sheetParameter_.pPublicDM = itemParameter_.pPublicDM;
+  sheetParameter_.pOEMDM = itemParameter_.pOEMDM;
+  sheetParameter_.dwFlags = options.flags;
+
+  plugIn_.Helper().SetItems(&items_);
+  plugIn_.Helper().ClearUpdates();
+  Prepare();
+  sheetParameter_.pOEMUserData = itemParameter_.pOEMUserData;
+  info_ = sheet_.Info(reinterpret_cast<LPARAM>(&sheetParameter_));
+  sheet_.SetApplied([this] { KeepApplied(); });
+  initResult_ = plugIn_->DocumentPropertySheets(&info_, info_.lParamInit);
+}
+
+DocumentSheet::~DocumentSheet() {
+  try {
+    Finish();
+  } catch (...) {  // a destructor has nobody to tell
+  }
+}
+
+void DocumentSheet::Prepare() {
+  // The sizing call, then the filling call with the driver's items.
+  plugIn_->CommonUIProp(OEMCUIP_DOCPROP, &itemParameter_);
+  std::vector<OPTITEM> plugInItems(itemParameter_.cOEMOptItems);
+  // A plug-in without items gets a place, too: null would be another sizing call.
+  plugInItems.resize(std::max<std::size_t>(plugInItems.size(), 1));
+  itemParameter_.pDrvOptItems = items_.Data();
+  itemParameter_.cDrvOptItems = items_.Count();
+  itemParameter_.pOEMOptItems = plugInItems.data();
+  if (FAILED(plugIn_->CommonUIProp(OEMCUIP_DOCPROP, &itemParameter_))) {
+    faults_.emplace_back("CommonUIProp failed");
+  }
+  itemParameter_.pOEMOptItems = nullptr;
+  const OPTITEM* end = items_.Data() + items_.Count();
+  const auto visible =
+      std::count_if(items_.Data(), const_cast<OPTITEM*>(end),
+                    [](const OPTITEM& item) { return (item.Flags & OPTIF_HIDE) == 0; });
+  if (visible > 0) {
+    faults_.push_back(std::to_string(visible) + " driver items left visible");
+  }
+}
+
+void DocumentSheet::Open() {
+  PROPSHEETUI_INFO_HEADER header{};
+  header.cbSize = sizeof header;
+  Notify(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header));
+  if (header.pTitle != nullptr) {
+    headerTitle_ = reinterpret_cast<const wchar_t*>(header.pTitle);
+  }
+  sheet_.Open(FormatText(IDS_PREFERENCES_TITLE, AnsiText(queueName_)));
+}
+
+LONG_PTR DocumentSheet::Notify(WORD reason, LPARAM lParam) {
+  info_.Reason = reason;
+  plugIn_->DocumentPropertySheets(&info_, lParam);
+  return info_.Result;
+}
+
+void DocumentSheet::KeepApplied() {
+  // Unchanged items are the plug-in's word that it has nothing to hand on.
+  items_.StoreTo(devMode_);
+  kept_ = devMode_;
+}
+
+void DocumentSheet::FindUnannouncedChanges() {
+  const auto& updates = plugIn_.Helper().Updates();
+  for (const OptionChange& change : items_.ChangesSince(start_)) {
+    const bool announced = std::ranges::any_of(updates, [&change](const SettingUpdate& update) {
+      // The collate check box belongs to the copies item.
+      return update.keyword == change.keyword ||
+             (change.keyword == "Collate" && update.keyword == "%Copies");
+    });
+    if (!announced) {
+      faults_.push_back(change.keyword + " changed without DrvUpdateUISetting");
+    }
+  }
+}
+
+FullDevMode DocumentSheet::Finish() {
+  if (finished_) {
+    return kept_;
+  }
+  finished_ = true;
+  sheet_.Close();
+  FindUnannouncedChanges();
+  SETRESULT_INFO result{};
+  result.cbSize = sizeof result;
+  result.Result = sheet_.Result();
+  Notify(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&result));
+  if (info_.Result != static_cast<LONG_PTR>(sheet_.Result())) {
+    faults_.emplace_back("the result was not handed on");
+  }
+  Notify(PROPSHEETUI_REASON_DESTROY, TRUE);
+  if (!heap_.IsSound()) {
+    faults_.emplace_back("the sheet's heap is damaged");
+  } else if (const int blocks = heap_.LiveBlocks()) {
+    faults_.push_back(std::to_string(blocks) + " blocks left on the sheet's heap");
+  }
+  plugIn_.Helper().SetItems(nullptr);
+  return kept_;
+}
+
+}  // namespace zn::host

@@ -1,0 +1,24 @@
+; Device profile of the sample printer: two of the trays and one finisher are not installed.
+[Configuration]
+HasOption_InputSlot=Tray1
+HasOption_InputSlot=Tray2
+HasOption_InputSlot=Tray3
+HasOption_InputSlot=Manual
+HasOption_CFinisher=true
+HasOption_ZNStaple=true
+HasOption_ZNPunch=true
+HasOption_Booklet=true
+HasOption_ZNFold=false
+HasOption_OutputTray_StackerTray=true
+HasOption_OutputTray_StackerTopTray=false
+[Names]
+CustomPaperName1=社内報用紙
+CustomPaperName2=名刺用紙
+CustomPaperName3=チケット用紙
+Watermark1=社外秘
+Watermark2=マル秘
+Watermark3=複製厳禁
+Watermark4=コピー禁止
+Watermark5=回覧
+TrappingProfile1=標準トラッピング
+TrappingProfile2=新聞用トラッピング

@@ -1,0 +1,176 @@
+#include "host/verbs.h"
+
+#include <windows.h>
+// These must come behind windows.h.
+#include <prsht.h>
+#include <winddiui.h>
+
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <optional>
+
+#include "host/device_sheet.h"
+#include "host/document_sheet.h"
+#include "host/files.h"
+#include "host/plug_in.h"
+#include "host/queue.h"
+#include "host/report.h"
+#include "host/screenshot.h"
+
+namespace zn::host {
+namespace {
+
+constexpr DWORD kSettleTime = 300;  // milliseconds until a page has drawn itself
+
+struct SheetWords {
+  std::string queue = kSampleQueue;
+  std::string shots;    // folder; empty: none
+  std::string devMode;  // file; empty: the queue's own
+  bool readOnly = false;
+};
+
+// Options of the sheet verbs: a name, and a value for those that take one.
+SheetWords ParseSheetWords(Words words, bool withDevMode) {
+  SheetWords parsed;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string name = words[i];
+    if (name == "--read-only") {
+      parsed.readOnly = true;
+      continue;
+    }
+    std::string* value = name == "--queue"                    ? &parsed.queue
+                         : name == "--shots"                  ? &parsed.shots
+                         : name == "--devmode" && withDevMode ? &parsed.devMode
+                                                              : nullptr;
+    if (value == nullptr || i + 1 == words.size()) {
+      throw UsageError(value == nullptr ? "unknown word " + name : name + " needs a value");
+    }
+    *value = words[++i];
+  }
+  return parsed;
+}
+
+void PumpFor(PropertySheet& sheet, DWORD milliseconds) {
+  const ULONGLONG end = ::GetTickCount64() + milliseconds;
+  for (ULONGLONG now = ::GetTickCount64(); now < end; now = ::GetTickCount64()) {
+    sheet.Pump();
+    ::MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+  }
+}
+
+// Shows every page and writes a picture of each; then cancels the sheet.
+void TakePictures(PropertySheet& sheet, const std::string& folder, const char* prefix) {
+  for (int page = 0; page < sheet.PageCount(); ++page) {
+    if (sheet.ShowPage(page) == nullptr) {
+      throw HostError("page " + std::to_string(page + 1) + " cannot be shown");
+    }
+    PumpFor(sheet, kSettleTime);
+    const std::string file = folder + "\\" + prefix + "-" + std::to_string(page + 1) + ".png";
+    SaveScreenshot(sheet.Window(), file);
+    std::printf("picture %s: %s\n", file.c_str(), sheet.PageTitle(page).c_str());
+  }
+  sheet.PressCancel();
+}
+
+// The words of a path are relative to where the program was started; the sheets are relative to
+// the root of the drive that the driver's files are on.
+void EnterDriverDrive(SheetWords& words) {
+  for (std::string* path : {&words.shots, &words.devMode}) {
+    if (!path->empty()) {
+      *path = AbsolutePath(*path);
+    }
+  }
+  ::SetCurrentDirectoryA("C:\\");
+}
+
+std::optional<FullDevMode> ReadDevModeFile(const std::string& path) {
+  if (path.empty()) {
+    return std::nullopt;
+  }
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) {
+    return std::nullopt;  // the first use writes it
+  }
+  auto devMode = FullDevMode::FromBytes(*bytes);
+  if (!devMode) {
+    throw HostError("not a DEVMODE of this host: " + path);
+  }
+  return devMode;
+}
+
+void Keep(const Queue& queue, const std::string& file, FullDevMode& devMode) {
+  if (file.empty()) {
+    queue.Store(devMode);
+    std::printf("stored: %s\n", queue.Name().c_str());
+  } else if (WriteWholeFile(file, devMode.Bytes())) {
+    std::printf("stored: %s\n", file.c_str());
+  } else {
+    throw HostError("cannot write " + file);
+  }
+}
+
+}  // namespace
+
+int RunInstall(Words words) {
+  const SheetWords parsed = ParseSheetWords(words, false);
+  InstallQueue(parsed.queue);
+  const Queue queue(parsed.queue);
+  const PlugIn plugIn(queue.PlugInPath());
+  // The spooler's own default lacks the plug-in's block; a stored full DEVMODE stays.
+  FullDevMode devMode = DocumentSheet::StartDevMode(plugIn, queue);
+  queue.Store(devMode);
+  std::printf("installed: %s (%s)\n", parsed.queue.c_str(), kSampleDriver);
+  return 0;
+}
+
+int RunPrefs(Words words) {
+  SheetWords parsed = ParseSheetWords(words, true);
+  EnterDriverDrive(parsed);
+  const Queue queue(parsed.queue);
+  PlugIn plugIn(queue.PlugInPath());
+  const auto stored = ReadDevModeFile(parsed.devMode);
+  const FullDevMode start = DocumentSheet::StartDevMode(plugIn, queue, stored ? &*stored : nullptr);
+  DocumentSheet sheet(plugIn, queue, start);
+  sheet.Open();
+  if (parsed.shots.empty()) {
+    sheet.Sheet().Run();
+  } else {
+    TakePictures(sheet.Sheet(), parsed.shots, "prefs");
+  }
+  FullDevMode kept = sheet.Finish();
+  std::fputs(SheetReport(sheet, plugIn.Helper(), kept).c_str(), stdout);
+  Keep(queue, parsed.devMode, kept);
+  return sheet.Faults().empty() ? 0 : 1;
+}
+
+int RunProps(Words words) {
+  SheetWords parsed = ParseSheetWords(words, false);
+  EnterDriverDrive(parsed);
+  const Queue queue(parsed.queue);
+  PlugIn plugIn(queue.PlugInPath());
+  DeviceSheet sheet(plugIn, queue, !parsed.readOnly);
+  sheet.Open();
+  if (parsed.shots.empty()) {
+    sheet.Sheet().Run();
+  } else {
+    TakePictures(sheet.Sheet(), parsed.shots, "props");
+  }
+  std::printf("header: %s\n", AnsiText(sheet.HeaderTitle()).c_str());
+  return 0;
+}
+
+int RunEvent(Words words) {
+  if (words.size() != 2 || std::strcmp(words[0], "delete") != 0) {
+    throw UsageError("event needs: delete NAME");
+  }
+  const std::string name = words[1];
+  const PlugIn plugIn(ProgramFolder() + "Zn55psu1.dll");
+  std::wstring wide = WideText(name);
+  const HRESULT result =
+      plugIn->PrinterEvent(wide.data(), PRINTER_EVENT_DELETE, PRINTER_EVENT_FLAG_NO_UI, 0);
+  std::printf("event delete %s: 0x%08lX\n", name.c_str(), static_cast<unsigned long>(result));
+  return 0;
+}
+
+}  // namespace zn::host
