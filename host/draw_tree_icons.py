@@ -24,8 +24,9 @@ def printer():
 
 def color():
     image = Image(16)
-    for x, y, name in ((8, 5.5, "red"), (5.5, 10, "green"), (10.5, 10, "blue")):
-        image.disc(x, y, 4, name)
+    for x, y, name in ((1, 1, "cyan"), (8, 1, "magenta"), (1, 8, "yellow"), (8, 8, "black")):
+        image.fill(x, y, x + 6, y + 6, name)
+    image.frame(1, 1, 14, 14, "ink")
     return image
 
 

@@ -187,6 +187,7 @@ void PropertySheet::Open(const std::string& title) {
   window_ = reinterpret_cast<HWND>(window);
   endedWithOk_ = false;
   ::SetWindowSubclass(window_, &SheetProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  ::SetForegroundWindow(window_);
   // Page titles that the templates brought along stand in the tabs only.
   const HWND tabs = PropSheet_GetTabControl(window_);
   for (std::size_t i = 0; i < pages_.size(); ++i) {

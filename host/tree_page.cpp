@@ -224,7 +224,7 @@ std::string TreePage::Text(const char* text) const {
 
 std::string TreePage::ItemText(const OPTITEM& item) const {
   const std::string label = Text(item.pName);
-  return item.pOptType == nullptr ? label : label + "： " + SelectionText(item);
+  return item.pOptType == nullptr ? label : label + ": " + SelectionText(item);
 }
 
 std::string TreePage::SelectionText(const OPTITEM& item) const {
@@ -276,7 +276,7 @@ void TreePage::PlaceEditor() {
     return;
   }
   ::MapWindowPoints(tree_, dialog_, reinterpret_cast<POINT*>(&text), 2);
-  const std::string label = Text(Item(edited_).pName) + "：";
+  const std::string label = Text(Item(edited_).pName) + ":";
   const HDC dc = ::GetDC(tree_);
   const HGDIOBJ old =
       ::SelectObject(dc, reinterpret_cast<HFONT>(::SendMessageA(tree_, WM_GETFONT, 0, 0)));

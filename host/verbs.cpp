@@ -11,12 +11,14 @@
 #include <optional>
 
 #include "host/device_sheet.h"
+#include "host/dialog_pictures.h"
 #include "host/document_sheet.h"
 #include "host/files.h"
 #include "host/plug_in.h"
 #include "host/queue.h"
 #include "host/report.h"
 #include "host/screenshot.h"
+#include "res/resource_ids.h"
 
 namespace zn::host {
 namespace {
@@ -59,16 +61,42 @@ void PumpFor(PropertySheet& sheet, DWORD milliseconds) {
   }
 }
 
-// Shows every page and writes a picture of each; then cancels the sheet.
-void TakePictures(PropertySheet& sheet, const std::string& folder, const char* prefix) {
-  for (int page = 0; page < sheet.PageCount(); ++page) {
-    if (sheet.ShowPage(page) == nullptr) {
-      throw HostError("page " + std::to_string(page + 1) + " cannot be shown");
+// A button of a page (counted from 0) that opens dialogs.
+struct DialogButton {
+  int page;
+  int button;
+};
+constexpr DialogButton kPreferencesDialogs[] = {
+    {0, IDC_SAVE_FAVORITE},      {0, IDC_LIST_FAVORITES},       {0, IDC_BASIC_EDIT_SIZE},
+    {1, IDC_TRAY_AUTO_SETTINGS}, {1, IDC_TRAY_BYPASS_SETTINGS}, {4, IDC_JOB_PRINT_OPTIONS},
+};
+constexpr DialogButton kPropertiesDialogs[] = {{0, IDC_DEVICE_AUTHENTICATION}};
+
+void PrintPicture(const std::string& file, const std::string& title) {
+  std::printf("picture %s: %s\n", file.c_str(), title.c_str());
+}
+
+// Shows every page and writes a picture of each and of the dialogs that it opens; then cancels
+// the sheet.
+void TakePictures(PropertySheet& sheet, const std::string& folder, const char* name,
+                  std::span<const DialogButton> dialogs) {
+  for (int index = 0; index < sheet.PageCount(); ++index) {
+    const HWND page = sheet.ShowPage(index);
+    if (page == nullptr) {
+      throw HostError("page " + std::to_string(index + 1) + " cannot be shown");
     }
     PumpFor(sheet, kSettleTime);
-    const std::string file = folder + "\\" + prefix + "-" + std::to_string(page + 1) + ".png";
-    SaveScreenshot(sheet.Window(), file);
-    std::printf("picture %s: %s\n", file.c_str(), sheet.PageTitle(page).c_str());
+    const std::string stem = folder + "\\" + name + "-" + std::to_string(index + 1);
+    SaveScreenshot(sheet.Window(), stem + ".png");
+    PrintPicture(stem + ".png", sheet.PageTitle(index));
+    for (const auto& [owner, button] : dialogs) {
+      if (owner == index) {
+        for (const auto& [file, title] :
+             PictureDialogs(page, button, stem + "-" + std::to_string(button))) {
+          PrintPicture(file, title);
+        }
+      }
+    }
   }
   sheet.PressCancel();
 }
@@ -136,7 +164,7 @@ int RunPrefs(Words words) {
   if (parsed.shots.empty()) {
     sheet.Sheet().Run();
   } else {
-    TakePictures(sheet.Sheet(), parsed.shots, "prefs");
+    TakePictures(sheet.Sheet(), parsed.shots, "prefs", kPreferencesDialogs);
   }
   FullDevMode kept = sheet.Finish();
   std::fputs(SheetReport(sheet, plugIn.Helper(), kept).c_str(), stdout);
@@ -154,7 +182,7 @@ int RunProps(Words words) {
   if (parsed.shots.empty()) {
     sheet.Sheet().Run();
   } else {
-    TakePictures(sheet.Sheet(), parsed.shots, "props");
+    TakePictures(sheet.Sheet(), parsed.shots, "props", kPropertiesDialogs);
   }
   std::printf("header: %s\n", AnsiText(sheet.HeaderTitle()).c_str());
   return 0;
