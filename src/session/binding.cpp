@@ -132,7 +132,6 @@ void BindKeywords(SheetContext& sheet) noexcept {
     }
   }
   ApplyKnownDefaults(sheet);
-  sheet.hasPageOrder = sheet.items[KW_PAGEORDER] != nullptr;
   for (OptionSelection& option : sheet.options) {
     option.lastWritten = option.currentSelection;
   }

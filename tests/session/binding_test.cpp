@@ -89,7 +89,6 @@ TEST_F(BindingTest, StandardItemsByTheirPublicNumber) {
     EXPECT_EQ(sheet_->items[row.id]->DMPubID, row.publicId);
     EXPECT_EQ(sheet_->Current(row.id), 20u + row.publicId);
   }
-  EXPECT_TRUE(sheet_->hasPageOrder);
 }
 
 TEST_F(BindingTest, CopiesItemCarriesCollation) {
@@ -149,7 +148,6 @@ TEST_F(BindingTest, NoItemsBindNothing) {
   for (const OPTITEM* item : sheet_->items) {
     EXPECT_EQ(item, nullptr);
   }
-  EXPECT_FALSE(sheet_->hasPageOrder);
 }
 
 }  // namespace
