@@ -1,0 +1,202 @@
+// The record as a block: defaults, persistent image, copying, the contract with the companion.
+#include "ddb/print_option.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "ddb/tag_text.h"
+
+namespace ddb {
+namespace {
+
+constexpr PersistentSize kBodySize = 16548;
+constexpr PersistentSize kExtendedSize = 19112;
+
+// The value text of a tag, over a buffer that shows when nothing was written.
+std::string Written(CPrintOption& record, const char* tag) {
+  std::array<char, kValueTextSize> text;
+  std::strcpy(text.data(), "(untouched)");
+  ExchangeTag(tag, text.data(), record, false, true);
+  return text.data();
+}
+
+TEST(PrintOption, StartsWithTheDefaultsOfItsFamilies) {
+  struct Row {
+    const char* tag;
+    const char* value;
+  };
+  const Row rows[] = {
+      {"PG_NUMBR", "0"},
+      {"PG_RANGE", "-1"},
+      {"PG_RECSPC", "-1"},
+      {"PG_PPSIZEX", "0.0"},
+      {"ST_TRAY", "-1"},
+      {"ST_IOSPPTYP", "-1"},
+      {"ST_BFPPCLR", "-1"},
+      {"ST_ISPPSIZE", "-1"},
+      {"ST_ORDER", "0"},
+      {"ST_FCWIGHT", "0"},
+      {"CL_CMODE", "0"},
+      {"OUT_PPSW", "21474836.48"},
+      {"OUT_PPRLM", "214748364.8"},
+      {"RPT_MGNY", "21474836.48"},
+      {"OUT_BTRMF", "21474836.48"},
+      {"OUT_BKLX", "0.0"},
+      {"BUILD_COVER_FRONT", "0"},
+      {"BUILD_COVER_TRAY_R", "-1"},
+      {"OBT_DGAINLV", "-1"},
+      {"CBS_PRT", "-1"},
+      {"CBS_PG", "-1"},
+      {"USR_NAME", ""},
+      {"PG_SIZEX", "(untouched)"},
+  };
+  CPrintOption record;
+  for (const Row& row : rows) {
+    EXPECT_EQ(Written(record, row.tag), row.value) << row.tag;
+  }
+  EXPECT_EQ(record.m_Body.CBS_PRT, 65535);
+}
+
+TEST(PrintOption, ExtensionStartsUnspecifiedBesideTwelveValues) {
+  const CPrintOptionEx record(false);
+  EXPECT_FALSE(record.m_JapaneseCodePage);
+  EXPECT_THAT(record.m_Extension.codes, ::testing::Each(-1));
+  EXPECT_EQ(record.m_Extension.limit, 0x7FFFFFFF);
+  EXPECT_THAT(record.m_Extension.reserved, ::testing::Each(0));
+  EXPECT_THAT(record.m_Extended, ::testing::ElementsAre(0, 1, 0, 0, 0, 0, 3, 0, 0, 0, 0, 0));
+}
+
+// What the companion module, built by another compiler, does with the pointer it gets.
+TEST(PrintOption, AnswersThroughTheFourSlotsInOrder) {
+  CPrintOptionEx record(true);
+  CPrintOption* object = &record;
+  ASSERT_EQ(static_cast<void*>(object), static_cast<void*>(&record));
+  EXPECT_EQ(reinterpret_cast<char*>(&record.m_Body) - reinterpret_cast<char*>(object),
+            static_cast<std::ptrdiff_t>(sizeof(void*)));
+
+  using GetSize = PersistentSize (*)(CPrintOption*);
+  using GetFlag = bool (*)(CPrintOption*);
+  void** slots = *reinterpret_cast<void***>(object);
+  EXPECT_EQ(reinterpret_cast<GetSize>(slots[2])(object), kExtendedSize);
+  EXPECT_FALSE(reinterpret_cast<GetFlag>(slots[3])(object));
+}
+
+struct SizeRow {
+  PersistentSize size;
+  bool base;      // enough for the base form
+  bool extended;  // enough for the extended form
+};
+constexpr SizeRow kSizes[] = {{0, false, false},           {kBodySize - 1, false, false},
+                              {kBodySize, true, false},    {kExtendedSize - 1, true, false},
+                              {kExtendedSize, true, true}, {kExtendedSize + 1, true, true}};
+
+void ExpectSizeCheck(CPrintOption& record, PersistentSize size, bool enough, PersistentSize image) {
+  std::vector<unsigned char> buffer(kExtendedSize + 1, 0xCD);
+  const auto untouched = buffer;
+  PersistentSize inOut = size;
+  if (enough) {
+    record.SaveTo(buffer.data(), &inOut);
+    EXPECT_EQ(inOut, image);
+    EXPECT_EQ(buffer[image], 0xCD);
+    EXPECT_NO_THROW(record.LoadFrom(buffer.data(), size));
+    return;
+  }
+  for (const bool save : {true, false}) {
+    try {
+      save ? record.SaveTo(buffer.data(), &inOut) : record.LoadFrom(buffer.data(), size);
+      ADD_FAILURE() << "no error at " << size;
+    } catch (DdbErrT error) {
+      EXPECT_EQ(error, 6);
+    }
+  }
+  EXPECT_EQ(inOut, size);
+  EXPECT_EQ(buffer, untouched);
+  EXPECT_EQ(record.m_Body.PG_RANGE, -1);
+}
+
+TEST(PrintOption, ThrowsForBuffersBelowItsImage) {
+  for (const SizeRow& row : kSizes) {
+    SCOPED_TRACE(row.size);
+    CPrintOption base;
+    CPrintOptionEx extended(true);
+    ExpectSizeCheck(base, row.size, row.base, kBodySize);
+    ExpectSizeCheck(extended, row.size, row.extended, kExtendedSize);
+  }
+}
+
+TEST(PrintOption, ImageHoldsExtensionThenBodyAndNothingElse) {
+  CPrintOptionEx from(true);
+  from.m_Body.PG_NUMBR = 0x01020304;
+  from.m_Body.reserved[83] = 9;
+  from.m_Extension.codes[0] = 7;
+  from.m_Extended[EXT_NUP] = 4;
+  std::vector<unsigned char> image(kExtendedSize);
+  PersistentSize size = kExtendedSize;
+  from.SaveTo(image.data(), &size);
+  EXPECT_EQ(image[0], 7);
+  EXPECT_EQ(image[2564], 4);  // PG_NUMBR, low byte first
+
+  CPrintOptionEx to(false);
+  to.LoadFrom(image.data(), size);
+  EXPECT_EQ(std::memcmp(&to.m_Body, &from.m_Body, sizeof to.m_Body), 0);
+  EXPECT_EQ(std::memcmp(&to.m_Extension, &from.m_Extension, sizeof to.m_Extension), 0);
+  EXPECT_EQ(to.m_Extended[EXT_NUP], 0);
+  EXPECT_FALSE(to.m_JapaneseCodePage);
+}
+
+TEST(PrintOption, CopyingTakesEverythingButTheTablePointer) {
+  CPrintOptionEx from(true);
+  from.m_Body.OT_QRW = 5;
+  from.m_Extension.limit = 6;
+  from.m_Extended[EXT_NUPBORDER] = 1;
+  CPrintOptionEx to(false);
+  to = from;
+  EXPECT_EQ(to.m_Body.OT_QRW, 5);
+  EXPECT_EQ(to.m_Extension.limit, 6);
+  EXPECT_EQ(to.m_Extended[EXT_NUPBORDER], 1);
+  EXPECT_TRUE(to.m_JapaneseCodePage);
+
+  CPrintOption plain;
+  plain = from;
+  EXPECT_EQ(plain.m_Body.OT_QRW, 5);
+  EXPECT_EQ(plain.GetPersistentSize(), kBodySize);
+}
+
+TEST(PrintOption, ScramblesBothPasswordsAndBack) {
+  const std::string passwords[] = {"a", "secret =~ word", std::string(64, ' '),
+                                   "\x83\x70\x83\x58\xDC\xB0\xC4\xDE"};
+  for (const std::string& password : passwords) {
+    CPrintOption record;
+    SetText(record.m_Body, TagNamed("SP_FMPAS"), password);
+    record.ScramblePasswords();
+    const std::string_view scrambled = GetText(record.m_Body, TagNamed("SP_FMPAS"));
+    EXPECT_NE(scrambled, password);
+    EXPECT_EQ(scrambled.size(), password.size());
+    EXPECT_THAT(scrambled, ::testing::Each(::testing::Truly([](char c) {
+                  return (c >= ' ' && c <= '~') || static_cast<unsigned char>(c) >= 0x80;
+                })));
+    EXPECT_EQ(record.m_Body.SP_FMPAS.set, 1);
+    EXPECT_EQ(record.m_Body.USR_SCPS.set, 0);  // was empty
+    EXPECT_EQ(Written(record, "USR_SCPS"), "");
+
+    record.UnscramblePasswords();
+    EXPECT_EQ(GetText(record.m_Body, TagNamed("SP_FMPAS")), password);
+    EXPECT_EQ(record.m_Body.SP_FMPAS.set, 0);
+  }
+}
+
+// Passwords are exchanged with other machines: the scrambled text may never change.
+TEST(PrintOption, ScrambledTextIsFixed) {
+  CPrintOption record;
+  SetText(record.m_Body, TagNamed("USR_SCPS"), "lantern");
+  record.ScramblePasswords();
+  EXPECT_EQ(GetText(record.m_Body, TagNamed("USR_SCPS")), "yd -o+$");
+}
+
+}  // namespace
+}  // namespace ddb

@@ -1,0 +1,210 @@
+// One tag at a time: value text into the record and back.
+#include "ddb/tag_text.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace ddb {
+namespace {
+
+constexpr bool kTranslate = true;
+
+std::string Written(CPrintOption& record, const std::string& tag, bool translate = kTranslate) {
+  std::array<char, kValueTextSize> text;
+  text.fill('#');
+  ExchangeTag(tag.c_str(), text.data(), record, false, translate);
+  return text[0] == '#' ? "(untouched)" : text.data();
+}
+
+void Read(CPrintOption& record, const std::string& tag, std::string value,
+          bool translate = kTranslate) {
+  ExchangeTag(tag.c_str(), value.data(), record, true, translate);
+}
+
+TEST(ExchangeTag, ReadsEachKindByItsRules) {
+  struct Row {
+    const char* tag;
+    std::string value;
+    std::string written;  // afterwards
+  };
+  const Row rows[] = {
+      {"CL_CMODE", "12abc", "12"},
+      {"CL_CMODE", "2147483648", "0"},
+      {"CL_CMODE", "-3", "-3"},
+      {"CL_CMODE", "", "0"},
+      {"PG_NUMBR", "3", "3"},
+      {"pg_numbr", "0", "1"},
+      {"PG_NUMBR", "12000", "9999"},
+      {"PG_NUMBR", "abc", "1"},
+      {"PG_NUMBR", "9999", "9999"},
+      {"PG_PPSIZEX", "210.004", "210.00"},
+      {"PG_PPSIZEX", "0", "0.0"},
+      {"PG_PPSIZEX", "0.05", "0.05"},
+      {"PG_PPSIZEX", "-0.01", "42949672.95"},
+      {"OUT_PPSWM", "12.34", "12.3"},
+      {"OUT_PPSWM", "0.0", "0.0"},
+      {"BUILD_COVER_FRONT", "5", "1"},
+      {"BUILD_COVER_FRONT", "-1", "1"},
+      {"BUILD_COVER_REVERSE", "x", "0"},
+      {"CBS_PRT", "2", "2"},
+      {"CBS_PRT", "-1", "-1"},
+      {"CBS_PRT", "7", "-1"},  // masked to 3
+      {"CBS_PRT", "6", "2"},
+      {"CBS_PG", "16382", "16382"},
+      {"CBS_PG", "-1", "-1"},
+      {"CBS_PG", "16385", "1"},
+      {"PG_SIZEX", "7", "(untouched)"},
+      {"PG_RTEXT", "1-3, 5 = x", "1-3, 5 = x"},
+      {"GR_TITLE", std::string(40, 't'), std::string(31, 't')},
+      {"ST_NAME", std::string(600, 'n'), std::string(510, 'n')},
+      {"ST_FNAME", std::string(300, 'f'), std::string(259, 'f')},
+      {"ST_IFSFNAME", std::string(300, 'f'), std::string(260, 'f')},
+      {"SP_FMPAS", std::string(70, 'p'), std::string(64, 'p')},
+      {"BS_COMMENT", std::string(512, 'c'), std::string(512, 'c')},
+      {"NO_SUCH_TAG", "1", "(untouched)"},
+      {"PG_NUMB", "1", "(untouched)"},
+      {"", "1", "(untouched)"},
+  };
+  for (const Row& row : rows) {
+    CPrintOption record;
+    Read(record, row.tag, row.value);
+    EXPECT_EQ(Written(record, row.tag), row.written) << row.tag << " " << row.value;
+  }
+}
+
+TEST(ExchangeTag, UnknownTagsLeaveTheRecordAlone) {
+  const CPrintOption fresh;
+  CPrintOption record;
+  for (const char* tag : {"EXT_NUP", "PG_SIZEX", "PG_SIZEY", "PG-NUMBR", "BUILD_COVER_REVERSEX"}) {
+    Read(record, tag, "5");
+  }
+  EXPECT_EQ(std::memcmp(&record.m_Body, &fresh.m_Body, sizeof record.m_Body), 0);
+}
+
+TEST(ExchangeTag, MarkIsRaisedByReadingTheMarkedTexts) {
+  CPrintOption record;
+  EXPECT_EQ(record.m_Body.ST_.FNAME.set, 0);
+  Read(record, "ST_FNAME", "");
+  EXPECT_EQ(record.m_Body.ST_.FNAME.set, 1);
+  Read(record, "ST_NAME", std::string(600, 'n'));
+  EXPECT_EQ(record.m_Body.ST_.NAME.set, 1);
+  EXPECT_EQ(record.m_Body.ST_.NAME.text[510], '\0');
+  Read(record, "SP_FMPAS", "word");
+  EXPECT_EQ(record.m_Body.SP_FMPAS.set, 0);
+}
+
+TEST(ExchangeTag, ShorterTextLeavesNothingOfTheLongerOne) {
+  CPrintOption record;
+  Read(record, "USR_SCPS", std::string(64, 's'));
+  Read(record, "USR_SCPS", "ab");
+  const std::string_view field(record.m_Body.USR_SCPS.text, sizeof record.m_Body.USR_SCPS.text);
+  EXPECT_EQ(field, std::string("ab") + std::string(63, '\0'));
+}
+
+TEST(ExchangeTag, MediaCodesAreTranslatedOnlyOnRequest) {
+  const int recordCodes[] = {10, 0, 1, 2, 3, 6, 8, 7, 11, 9, 4, 5, 12, -1, 100};
+  const int fileCodes[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, -1, 100};
+  for (const char* tag : {"PG_PTYPE", "PG_PTYPEB"}) {
+    for (std::size_t i = 0; i < std::size(fileCodes); ++i) {
+      const std::string inFile = std::to_string(fileCodes[i]);
+      const std::string inRecord = std::to_string(recordCodes[i]);
+      CPrintOption record;
+      Read(record, tag, inFile);
+      EXPECT_EQ(Written(record, tag, false), inRecord);
+      EXPECT_EQ(Written(record, tag), inFile);
+      Read(record, tag, inFile, false);
+      EXPECT_EQ(Written(record, tag, false), inFile);
+    }
+  }
+}
+
+TEST(ExchangeTag, PackedPartsKeepEachOther) {
+  CPrintOption record;
+  Read(record, "CBS_PG", "5");
+  EXPECT_EQ(record.m_Body.CBS_PRT, (5 << 2) | 3);
+  Read(record, "CBS_PRT", "1");
+  EXPECT_EQ(record.m_Body.CBS_PRT, (5 << 2) | 1);
+  record.m_Body.CBS_PRT = 0x7FFF0000;
+  Read(record, "CBS_PG", "-1");
+  EXPECT_EQ(record.m_Body.CBS_PRT, 0x7FFFFFFC);
+}
+
+TEST(ExchangeTag, TwoPairsOfTagsShareAField) {
+  const std::pair<const char*, const char*> pairs[] = {{"CL_OUTIT", "CL_STYLE"},
+                                                       {"SP_MEMOM", "SP_MEMOT"}};
+  for (const auto& [first, second] : pairs) {
+    CPrintOption record;
+    Read(record, first, "1");
+    Read(record, second, "3");
+    EXPECT_EQ(Written(record, first), "3");
+    EXPECT_EQ(Written(record, second), "3");
+    Read(record, first, "4");
+    EXPECT_EQ(Written(record, second), "4");
+  }
+}
+
+std::string RandomValue(std::mt19937& random, const Tag& tag) {
+  const auto number = static_cast<std::int32_t>(random());
+  switch (tag.kind) {
+    case kText: {
+      std::string text(random() % (tag.maxChars + 1), ' ');
+      for (char& c : text) {
+        c = static_cast<char>(1 + random() % 255);
+      }
+      return text;
+    }
+    case kHundredths:
+    case kTenths:
+      return std::to_string(static_cast<std::uint32_t>(number) / 100.0);
+    case kFlag:
+      return std::to_string(number & 1);
+    case kCopies:
+      return std::to_string(1 + random() % 9999);
+    case kPackedLow:
+      return std::to_string(random() % 3);
+    case kPackedHigh:
+      return std::to_string(random() % 16383);
+    default:
+      return std::to_string(number);
+  }
+}
+
+// A neighbour that is written over, a wrong offset or a wrong length shows here.
+TEST(ExchangeTag, EveryTagKeepsItsOwnValueAmongAllOthers) {
+  std::mt19937 random(5);
+  CPrintOption from;
+  for (const Tag& tag : kTags) {
+    Read(from, std::string(tag.name), RandomValue(random, tag));
+  }
+  CPrintOption to;
+  std::vector<std::size_t> order(kTags.size());
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    order[i] = i;
+  }
+  std::shuffle(order.begin(), order.end(), random);
+  for (const std::size_t i : order) {
+    const std::string tag(kTags[i].name);
+    if (kTags[i].kind != kIgnored) {
+      Read(to, tag, Written(from, tag));
+    }
+  }
+  EXPECT_EQ(std::memcmp(&to.m_Body, &from.m_Body, sizeof to.m_Body), 0);
+}
+
+TEST(ExchangeTag, RendersNoMoreThanTheFieldWithoutItsTerminator) {
+  CPrintOption record;
+  std::memset(&record.m_Body, 'x', sizeof record.m_Body);
+  for (const Tag& tag : kTags) {
+    if (tag.kind == kText) {
+      EXPECT_EQ(Written(record, std::string(tag.name)).size(), tag.maxChars) << tag.name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace ddb
