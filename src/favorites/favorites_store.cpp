@@ -44,7 +44,7 @@ void FavoritesStore::SetFiles(const std::vector<std::string>& fileNames) {
     }
   }
   std::ranges::sort(names_);
-  names_.erase(std::ranges::unique(names_).begin(), names_.end());
+  names_.erase(std::unique(names_.begin(), names_.end()), names_.end());
 }
 
 std::optional<std::size_t> FavoritesStore::Find(std::string_view name) const {

@@ -18,11 +18,11 @@ constexpr bool IsPrivate(const SettingRow& row) {
 }
 
 // Two pairs of tags name one and the same field.
-constexpr bool SameField(const RecordField& a, const RecordField& b) {
-  if (a.IsExtended() || b.IsExtended()) {
-    return a.IsExtended() && b.IsExtended() && a.Extended() == b.Extended();
-  }
-  return a.Tag().offset == b.Tag().offset;
+// Where a field lies: extended fields by their number, behind all offsets.
+constexpr std::size_t PlaceOf(const RecordField& field) {
+  constexpr std::size_t kBehindOffsets = 1 << 20;
+  return field.IsExtended() ? kBehindOffsets + static_cast<std::size_t>(field.Extended())
+                            : field.Tag().offset;
 }
 
 consteval bool EveryKeywordHasItsRow() {
@@ -37,15 +37,16 @@ static_assert(EveryKeywordHasItsRow());
 
 // One field carries one setting; only the two memo keywords share theirs, as their tags do.
 consteval bool EveryFieldIsMappedOnce() {
-  for (const SettingRow& a : kRows) {
-    for (const SettingRow& b : kRows) {
-      const bool memo = a.id == KW_MEMO && b.id == KW_MEMOMODE;
-      if (a.id < b.id && !memo && a.IsMapped() && b.IsMapped() && SameField(a.field, b.field)) {
-        return false;
-      }
+  std::array<std::size_t, kRows.size()> places{};
+  auto end = places.begin();
+  for (const SettingRow& row : kRows) {
+    if (row.IsMapped() && row.id != KW_MEMOMODE) {
+      *end++ = PlaceOf(row.field);
     }
   }
-  return true;
+  std::sort(places.begin(), end);
+  return std::adjacent_find(places.begin(), end) == end &&
+         PlaceOf(kRows[KW_MEMO].field) == PlaceOf(kRows[KW_MEMOMODE].field);
 }
 static_assert(EveryFieldIsMappedOnce());
 
