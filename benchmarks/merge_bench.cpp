@@ -34,8 +34,12 @@ void MergeBlock(benchmark::State& state, const zn::CDevMode& source) {
   }
 }
 
-void MergeDefaulted(benchmark::State& state) { MergeBlock(state, *Defaulted()); }
-void MergeFull(benchmark::State& state) { MergeBlock(state, *AllTextsFull()); }
+void MergeDefaulted(benchmark::State& state) {
+  MergeBlock(state, *Defaulted());
+}
+void MergeFull(benchmark::State& state) {
+  MergeBlock(state, *AllTextsFull());
+}
 
 void CopyBytes(benchmark::State& state) {
   const auto source = AllTextsFull();

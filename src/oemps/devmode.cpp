@@ -1,11 +1,12 @@
 #include "oemps/devmode.h"
 
+#include <emmintrin.h>  // SSE2 is part of x64
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cassert>
 #include <cstring>
-#include <limits>
 
 #include "oemps/devmode_fields.h"
 #include "platform/trace.h"
@@ -110,28 +111,16 @@ std::size_t TextLength(const std::byte* text, std::size_t width) noexcept {
                         : width;
 }
 
-// Sixteen characters at once.
-using Characters [[gnu::vector_size(16)]] = unsigned char;
-
-Characters Load(const std::byte* text) noexcept {
-  Characters characters;
-  std::memcpy(&characters, text, sizeof characters);
-  return characters;
+__m128i Load(const std::byte* text) noexcept {
+  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
 }
 
-Characters Lower(Characters a, Characters b) noexcept {
-  return a < b ? a : b;
-}
-
-// The position of the first control character or terminator; 16 when there is none.
-std::size_t FirstControl(Characters characters) noexcept {
-  std::uint64_t halves[2];  // a byte of ones where there is one
-  const auto found = characters < kFirstPrintable;
-  std::memcpy(halves, &found, sizeof halves);
-  const int zeroBits =
-      halves[0] != 0 ? std::countr_zero(halves[0])
-                     : std::numeric_limits<std::uint64_t>::digits + std::countr_zero(halves[1]);
-  return static_cast<std::size_t>(zeroBits) / std::numeric_limits<unsigned char>::digits;
+// One bit for each of sixteen characters that is a control character or a terminator: both end a
+// stretch of good text.
+std::uint64_t ControlBits(__m128i characters) noexcept {
+  const __m128i highest = _mm_set1_epi8(kFirstPrintable - 1);
+  return static_cast<std::uint64_t>(
+      _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_min_epu8(characters, highest), characters)));
 }
 
 bool IsControl(std::byte character) noexcept {
@@ -140,22 +129,24 @@ bool IsControl(std::byte character) noexcept {
 
 // Length of the text up to its first control character or terminator.
 std::size_t PrintableLength(const std::byte* text, std::size_t width) noexcept {
-  constexpr std::size_t kStep = sizeof(Characters);
+  constexpr std::size_t kStep = sizeof(__m128i);
   constexpr std::size_t kStride = 4 * kStep;
   static_assert(std::ranges::all_of(kCleanedTexts, [](auto& row) { return row.width >= kStep; }));
   std::size_t at = 0;
   for (; at + kStride <= width; at += kStride) {
-    const std::byte* block = text + at;
-    if (FirstControl(Lower(Lower(Load(block), Load(block + kStep)),
-                           Lower(Load(block + 2 * kStep), Load(block + 3 * kStep)))) < kStep) {
-      break;
+    const __m128i a = Load(text + at);
+    const __m128i b = Load(text + at + kStep);
+    const __m128i c = Load(text + at + 2 * kStep);
+    const __m128i d = Load(text + at + 3 * kStep);
+    if (ControlBits(_mm_min_epu8(_mm_min_epu8(a, b), _mm_min_epu8(c, d))) != 0) {
+      return at + std::countr_zero(ControlBits(a) | ControlBits(b) << kStep |
+                                   ControlBits(c) << 2 * kStep | ControlBits(d) << 3 * kStep);
     }
   }
   for (; at < width; at += kStep) {
     const std::size_t begin = std::min(at, width - kStep);
-    const std::size_t control = FirstControl(Load(text + begin));
-    if (control < kStep) {
-      return begin + control;
+    if (const std::uint64_t controls = ControlBits(Load(text + begin)); controls != 0) {
+      return begin + std::countr_zero(controls);
     }
   }
   return width;
@@ -219,7 +210,7 @@ void CDevMode::Merge(const CDevMode& source) noexcept {
   const CDevMode& overWrittenFrom = source.Reaches(devmode::kOverWriteFlag + 4) ? source : *this;
   const std::uint32_t overWriteFlag = overWrittenFrom.GetDWord(devmode::kOverWriteFlag);
   CopyFrom(source);
-  ClipTexts();
+  ClipTexts();  // also when nothing was copied, so that the next merge finds nothing to clip
   SetDWord(devmode::kCarriedFlag, carriedFlag);
 
   const std::uint32_t copiedTemplate = GetDWord(devmode::kImpositionTemplate);

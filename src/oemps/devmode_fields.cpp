@@ -16,9 +16,9 @@ static_assert(kFields.size() < kNoRow);
 constexpr auto kRowOfPrivateId = [] {
   std::array<std::uint8_t, kLastPrivateId - kFirstPrivateId + 1> rows{};
   rows.fill(kNoRow);
-  for (std::uint8_t row = 0; row < kFields.size(); ++row) {
+  for (std::size_t row = 0; row < kFields.size(); ++row) {
     if (kFields[row].privateId != 0) {
-      rows[kFields[row].privateId - kFirstPrivateId] = row;
+      rows[kFields[row].privateId - kFirstPrivateId] = static_cast<std::uint8_t>(row);
     }
   }
   return rows;

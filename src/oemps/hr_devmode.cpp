@@ -14,6 +14,8 @@ namespace {
 
 constexpr char kSource[] = "oemps\\devmode";
 constexpr char kFunction[] = "hrOEMDevMode";
+[[maybe_unused]] constexpr const char* kModeNames[] = {"OEMDM_SIZE", "OEMDM_DEFAULT",
+                                                       "OEMDM_CONVERT", "OEMDM_MERGE"};
 
 // What the output buffer must hold; callers that leave cbBufSize 0 tell no size.
 bool IsOutputTooSmall(const OEMDMPARAM& parameters) noexcept {
@@ -56,15 +58,12 @@ HRESULT Transfer(DWORD mode, const OEMDMPARAM& parameters) {
   }
   switch (mode) {
     case OEMDM_DEFAULT:
-      ZN_TRACE_TEXT(kSource, kFunction, "OEMDM_DEFAULT");
       destination->SetDefaults();
       return S_OK;
     case OEMDM_CONVERT:
-      ZN_TRACE_TEXT(kSource, kFunction, "OEMDM_CONVERT");
       destination->CopyFrom(*source);
       return S_OK;
     default:
-      ZN_TRACE_TEXT(kSource, kFunction, "OEMDM_MERGE");
       destination->Merge(*source);
       return RefillAuthenticationData(*destination, parameters.hPrinter);
   }
@@ -76,8 +75,8 @@ HRESULT hrOEMDevMode(DWORD mode, OEMDMPARAM* parameters) {
   if (parameters == nullptr || mode < OEMDM_SIZE || mode > OEMDM_MERGE) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
+  ZN_TRACE_TEXT(kSource, kFunction, "%s", kModeNames[mode - OEMDM_SIZE]);
   if (mode == OEMDM_SIZE) {
-    ZN_TRACE_TEXT(kSource, kFunction, "OEMDM_SIZE");
     parameters->cbBufSize = kDevModeSize;
     return S_OK;
   }

@@ -117,8 +117,10 @@ bool IsGuidOf(const std::string& path, const std::string& guid) {
 }  // namespace
 
 std::string GetPrinterKeyName(std::string_view printerName) {
-  return Contains(printerName, kMarker) ? GetClientAuthenticatInfo(printerName)
-                                        : GetAuthenticatInfo(printerName);
+  const bool isClientSide = Contains(printerName, kMarker);
+  ZN_TRACE_TEXT(kSource, "hrOEMDevMode", "\\CRS| is %s the printer name",
+                isClientSide ? "in" : "not in");
+  return isClientSide ? GetClientAuthenticatInfo(printerName) : GetAuthenticatInfo(printerName);
 }
 
 std::string GetAuthenticatInfo(std::string_view printerName) {
