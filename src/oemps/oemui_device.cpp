@@ -108,7 +108,7 @@ HRESULT RecordPrinter(OEMCUIPPARAM& param) {
   DevicePrinter& device = TheDevicePrinter();
   device.name = param.pPrinterName != nullptr ? param.pPrinterName : L"";
   device.keyName = {};
-  const std::string keyName = GetAuthenticatInfo(ToAnsi(device.name));
+  const std::string keyName = GetPrinterKeyName(ToAnsi(device.name));
   keyName.copy(device.keyName.data(), device.keyName.size() - 1);
   param.cOEMOptItems = 0;
   return S_OK;
