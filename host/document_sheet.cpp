@@ -5,6 +5,7 @@
 #include "host/files.h"
 #include "host/host_error.h"
 #include "host/host_text.h"
+#include "host/stopwatch.h"
 
 namespace zn::host {
 
@@ -67,6 +68,7 @@ DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const FullDevMo
   sheetParameter_.pOEMUserData = itemParameter_.pOEMUserData;
   info_ = sheet_.Info(reinterpret_cast<LPARAM>(&sheetParameter_));
   sheet_.SetApplied([this] { KeepApplied(); });
+  initTime_ = MillisecondsNow();
   initResult_ = plugIn_->DocumentPropertySheets(&info_, info_.lParamInit);
 }
 

@@ -59,6 +59,8 @@ class DocumentSheet {
   [[nodiscard]] const std::wstring& HeaderTitle() const { return headerTitle_; }
   // Whether DocumentPropertySheets was answered with a success code.
   [[nodiscard]] HRESULT InitResult() const { return initResult_; }
+  // The performance counter when DocumentPropertySheets was called, in milliseconds.
+  [[nodiscard]] double InitTime() const { return initTime_; }
 
   void Open();
   // Tells the plug-in that the sheet has ended; answers the DEVMODE to keep: that of the last
@@ -90,6 +92,7 @@ class DocumentSheet {
   PROPSHEETUI_INFO info_{};
   std::wstring headerTitle_;
   HRESULT initResult_ = E_FAIL;
+  double initTime_ = 0;
   bool finished_ = false;
   std::vector<std::string> faults_;
 };

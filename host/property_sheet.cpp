@@ -40,6 +40,10 @@ PROPSHEETUI_INFO PropertySheet::Info(LPARAM lParamInit) {
   return info;
 }
 
+void PropertySheet::AddPage(const PROPSHEETPAGEA& record) {
+  AddDialogPage(&record, pages_.size());
+}
+
 LONG_PTR CALLBACK PropertySheet::ComPropSheet(HANDLE sheet, UINT function, LPARAM lParam1,
                                               LPARAM lParam2) {
   const auto& sheets = Sheets();
@@ -57,7 +61,7 @@ LONG_PTR PropertySheet::OnFunction(UINT function, LPARAM lParam1, LPARAM lParam2
     case CPSFUNC_ADD_HPROPSHEETPAGE: {
       Page page;
       page.created = reinterpret_cast<HPROPSHEETPAGE>(lParam1);
-      return page.created != nullptr ? AddPage(std::move(page), end) : 0;
+      return page.created != nullptr ? Insert(std::move(page), end) : 0;
     }
     case CPSFUNC_ADD_PROPSHEETPAGEA:
       return AddDialogPage(reinterpret_cast<const PROPSHEETPAGEA*>(lParam1), end);
@@ -74,7 +78,7 @@ LONG_PTR PropertySheet::OnFunction(UINT function, LPARAM lParam1, LPARAM lParam2
   }
 }
 
-LONG_PTR PropertySheet::AddPage(Page page, std::size_t position) {
+LONG_PTR PropertySheet::Insert(Page page, std::size_t position) {
   auto& added = *pages_.insert(pages_.begin() + static_cast<std::ptrdiff_t>(position),
                                std::make_unique<Page>(std::move(page)));
   return reinterpret_cast<LONG_PTR>(added.get());
@@ -87,7 +91,7 @@ LONG_PTR PropertySheet::AddDialogPage(const PROPSHEETPAGEA* record, std::size_t 
   Page page;
   const auto* bytes = reinterpret_cast<const std::byte*>(record);
   page.record.assign(bytes, bytes + record->dwSize);
-  return AddPage(std::move(page), position);
+  return Insert(std::move(page), position);
 }
 
 LONG_PTR PropertySheet::AddTreePage(const COMPROPSHEETUI* record, std::size_t position) {
@@ -97,7 +101,7 @@ LONG_PTR PropertySheet::AddTreePage(const COMPROPSHEETUI* record, std::size_t po
   Page page;
   page.tree = std::make_unique<TreePage>(*record);
   page.title = page.tree->Title();
-  return AddPage(std::move(page), position);
+  return Insert(std::move(page), position);
 }
 
 LONG_PTR PropertySheet::InsertPage(LONG_PTR beside, INSERTPSUIPAGE_INFO* insert) {
@@ -188,6 +192,7 @@ void PropertySheet::Open(const std::string& title) {
   endedWithOk_ = false;
   ::SetWindowSubclass(window_, &SheetProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   ::SetForegroundWindow(window_);
+  ::SetActiveWindow(window_);
   // Page titles that the templates brought along stand in the tabs only.
   const HWND tabs = PropSheet_GetTabControl(window_);
   for (std::size_t i = 0; i < pages_.size(); ++i) {

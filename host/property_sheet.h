@@ -23,6 +23,9 @@ class PropertySheet {
   // What a page function is told: the sheet's handle and callback, with `reason` 0.
   [[nodiscard]] PROPSHEETUI_INFO Info(LPARAM lParamInit);
 
+  // Adds a page as a page function would.
+  void AddPage(const PROPSHEETPAGEA& record);
+
   // Called after an Apply or OK that every page accepted.
   void SetApplied(std::function<void()> applied) { applied_ = std::move(applied); }
 
@@ -69,7 +72,7 @@ class PropertySheet {
                                          UINT_PTR id, DWORD_PTR self);
 
   LONG_PTR OnFunction(UINT function, LPARAM lParam1, LPARAM lParam2);
-  LONG_PTR AddPage(Page page, std::size_t position);
+  LONG_PTR Insert(Page page, std::size_t position);
   LONG_PTR AddDialogPage(const PROPSHEETPAGEA* record, std::size_t position);
   LONG_PTR AddTreePage(const COMPROPSHEETUI* record, std::size_t position);
   LONG_PTR InsertPage(LONG_PTR beside, INSERTPSUIPAGE_INFO* insert);

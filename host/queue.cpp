@@ -58,6 +58,17 @@ void Install(const std::string& folder, const char* file, std::string_view text)
   }
 }
 
+// A module that is there already is left alone: another process may have loaded it.
+void InstallModule(const std::string& source, const std::string& target) {
+  const auto wanted = ReadWholeFile(source);
+  if (!wanted) {
+    throw HostError("cannot read " + source);
+  }
+  if (ReadWholeFile(target) != wanted && !WriteWholeFile(target, *wanted)) {
+    throw HostError("cannot write " + target);
+  }
+}
+
 std::string DescriptionText() {
   std::string text = ReadSampleText(kDescriptionFile);
   constexpr std::string_view kEncoding = "*LanguageEncoding: UTF-8";
@@ -111,9 +122,7 @@ void InstallQueue(const std::string& name) {
   Install(versionFolder, kDescriptionFile, description);
   Install(versionFolder, kProfileFile, ReadSampleText(kProfileFile));
   for (const char* module : kModules) {
-    if (!::CopyFileA((ProgramFolder() + module).c_str(), (versionFolder + module).c_str(), FALSE)) {
-      ThrowSystemError(std::string("cannot install ") + module);
-    }
+    InstallModule(ProgramFolder() + module, versionFolder + module);
   }
   AddQueue(name);
 }

@@ -1,6 +1,163 @@
+// Opens, visits and closes the preferences again and again: how long opening takes, beside a sheet
+// of the same templates with empty pages, how often the companion is loaded, and what is left over.
+#include <windows.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "companion/call_counter.h"
+#include "host/document_sheet.h"
+#include "host/host_ids.h"
+#include "host/queue.h"
+#include "host/resource_usage.h"
+#include "host/stopwatch.h"
 #include "host/verbs.h"
+#include "res/resource_ids.h"
+
 namespace zn::host {
-int RunSoak(Words) {
-  return 0;
+namespace {
+
+using companion::Call;
+using companion::CallCounter;
+
+// Rounds that fill the caches of system and plug-in before anything is counted.
+constexpr int kWarmUpRounds = 5;
+
+double Median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values.empty() ? 0 : values[values.size() / 2];
 }
+
+// Until the first page stands on the screen.
+void ShowFirstPage(PropertySheet& sheet) {
+  sheet.Pump();
+  ::RedrawWindow(sheet.Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void VisitPages(PropertySheet& sheet) {
+  for (int page = 1; page < sheet.PageCount(); ++page) {
+    if (sheet.ShowPage(page) == nullptr) {
+      throw HostError("page " + std::to_string(page + 1) + " cannot be shown");
+    }
+    sheet.Pump();
+  }
+}
+
+struct Round {
+  double opening;   // milliseconds from DocumentPropertySheets to the first page
+  LONG openLoads;   // of the companion, from CommonUIProp to the first page
+  LONG roundLoads;  // with every page visited
+};
+
+Round RunRound(PlugIn& plugIn, const Queue& queue, const FullDevMode& start,
+               const CallCounter& calls) {
+  const LONG before = calls[Call::Load];
+  DocumentSheet sheet(plugIn, queue, start);
+  sheet.Open();
+  ShowFirstPage(sheet.Sheet());
+  const double opening = MillisecondsNow() - sheet.InitTime();
+  const LONG opened = calls[Call::Load];
+  VisitPages(sheet.Sheet());
+  sheet.Sheet().PressCancel();
+  sheet.Finish();
+  if (!sheet.Faults().empty()) {
+    throw HostError(sheet.Faults().front());
+  }
+  return {opening, opened - before, calls[Call::Load] - before};
+}
+
+INT_PTR CALLBACK EmptyPage(HWND, UINT, WPARAM, LPARAM) {
+  return FALSE;
+}
+
+// The reference: the plug-in's templates, and the tree's, without anything behind them.
+double RunReference(HINSTANCE plugIn) {
+  struct Template {
+    HINSTANCE module;
+    int id;
+  };
+  const HINSTANCE host = ::GetModuleHandleA(nullptr);
+  const double start = MillisecondsNow();
+  PropertySheet sheet;
+  for (const auto& [module, id] :
+       {Template{plugIn, IDD_BASIC_PAGE}, Template{plugIn, IDD_TRAY_PAGE},
+        Template{plugIn, IDD_WATERMARK_PAGE}, Template{host, IDD_TREE_PAGE},
+        Template{plugIn, IDD_JOB_PAGE}}) {
+    PROPSHEETPAGEA page{};
+    page.dwSize = sizeof page;
+    page.hInstance = module;
+    page.pszTemplate = MAKEINTRESOURCEA(id);
+    page.pfnDlgProc = &EmptyPage;
+    sheet.AddPage(page);
+  }
+  sheet.Open("reference");
+  ShowFirstPage(sheet);
+  const double opening = MillisecondsNow() - start;
+  VisitPages(sheet);
+  sheet.PressCancel();
+  return opening;
+}
+
+void PrintUsage(const char* what, int before, int after) {
+  std::printf("%s: %d -> %d\n", what, before, after);
+}
+
+int Rounds(Words words) {
+  int rounds = 0;
+  const char* end = words.empty() ? nullptr : words[0] + std::strlen(words[0]);
+  if (words.empty() || std::from_chars(words[0], end, rounds).ptr != end || rounds < 1) {
+    throw UsageError("soak needs the number of rounds");
+  }
+  return rounds;
+}
+
+}  // namespace
+
+int RunSoak(Words words) {
+  const int rounds = Rounds(words);
+  if (words.size() != 1 && (words.size() != 3 || std::strcmp(words[1], "--queue") != 0)) {
+    throw UsageError("soak: unknown words behind the number");
+  }
+  ::SetCurrentDirectoryA("C:\\");
+  const Queue queue(words.size() == 3 ? words[2] : kSampleQueue);
+  PlugIn plugIn(queue.PlugInPath());
+  const FullDevMode start = DocumentSheet::StartDevMode(plugIn, queue);
+  const CallCounter calls;
+
+  std::vector<double> openings;
+  std::vector<double> references;
+  Round last{};
+  ResourceUsage before;
+  for (int round = -kWarmUpRounds; round < rounds; ++round) {
+    if (round == 0) {
+      before = CountResources();
+    }
+    last = RunRound(plugIn, queue, start, calls);
+    const double reference = RunReference(plugIn.Module());
+    if (round >= 0) {
+      openings.push_back(last.opening);
+      references.push_back(reference);
+    }
+  }
+  const ResourceUsage after = CountResources();
+
+  const double opening = Median(openings);
+  const double reference = Median(references);
+  std::printf("rounds: %d\n", rounds);
+  std::printf("open: %.1f ms, empty pages: %.1f ms, ratio %.2f\n", opening, reference,
+              opening / reference);
+  std::printf("companion loads: %ld until the first page, %ld with all pages\n", last.openLoads,
+              last.roundLoads);
+  PrintUsage("GDI objects", before.gdiObjects, after.gdiObjects);
+  PrintUsage("windows", before.windows, after.windows);
+  PrintUsage("handles", before.handles, after.handles);
+  PrintUsage("heap blocks", before.heapBlocks, after.heapBlocks);
+  const bool grown = after.gdiObjects > before.gdiObjects || after.windows > before.windows ||
+                     after.handles > before.handles;
+  return grown ? 1 : 0;
+}
+
 }  // namespace zn::host

@@ -1,0 +1,16 @@
+// How much of the system this process holds. Counted where Wine keeps it, because its own answers
+// to the usual questions are 0.
+#pragma once
+
+namespace zn::host {
+
+struct ResourceUsage {
+  int gdiObjects = 0;
+  int windows = 0;     // of this thread, children included
+  int handles = 0;     // kernel handles
+  int heapBlocks = 0;  // of the process's heap
+};
+
+[[nodiscard]] ResourceUsage CountResources();
+
+}  // namespace zn::host
