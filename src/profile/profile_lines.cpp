@@ -59,8 +59,7 @@ struct FlagKey {
 
 struct FlagKeys {
   std::array<FlagKey, kFlagItems.size()> keys{};
-  std::array<std::uint32_t, 256>
-      byCharacter{};  // the keys, one bit each, by their telling character
+  std::array<std::uint32_t, 256> byCharacter{};  // by telling character, one bit per key
 };
 
 constexpr std::size_t kTellingCharacter = 5;  // no other place tells so many keys apart
@@ -98,15 +97,22 @@ FlagMask FlagsNamedBy(std::string_view rest) {
   return named;
 }
 
-// Whether `text` occurs in `line`. Goes by the last character, the one that tells the trays apart.
-bool Contains(std::string_view line, std::string_view text) {
-  for (std::size_t last = line.find(text.back(), text.size() - 1); last != line.npos;
-       last = line.find(text.back(), last + 1)) {
-    if (line.substr(0, last + 1).ends_with(text)) {
-      return true;
-    }
+// The items whose expected values end with a character.
+constexpr std::array<FlagMask, 256> kFlagsByLastCharacter = [] {
+  std::array<FlagMask, 256> masks{};
+  for (std::size_t i = 0; i < kFlagItems.size(); ++i) {
+    masks[static_cast<unsigned char>(kFlagItems[i].expected.back())] |= FlagMask{1} << i;
   }
-  return false;
+  return masks;
+}();
+
+// The items of `named` whose expected values may be in the line: of all the trays mostly one.
+FlagMask RuleOut(FlagMask named, std::string_view line) {
+  FlagMask possible = 0;
+  for (const char character : line) {
+    possible |= kFlagsByLastCharacter[static_cast<unsigned char>(character)];
+  }
+  return named & possible;
 }
 
 void TakeFlags(std::string_view line, NextCharacter& underscore, CProfileInfo::ItemTable& items) {
@@ -117,9 +123,12 @@ void TakeFlags(std::string_view line, NextCharacter& underscore, CProfileInfo::I
       named |= FlagsNamedBy(Between(at + 1, end));
     }
   }
+  if (std::popcount(named) > 1) {
+    named = RuleOut(named, line);
+  }
   for (; named != 0; named &= named - 1) {
     const int i = std::countr_zero(named);
-    if (items[i].present == 0 && Contains(line, kFlagItems[i].expected)) {
+    if (items[i].present == 0 && line.find(kFlagItems[i].expected) != line.npos) {
       items[i].present = 1;
     }
   }
