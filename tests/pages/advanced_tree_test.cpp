@@ -1,0 +1,141 @@
+// The tree of advanced settings: its published records and what its callback does.
+#include <array>
+#include <string>
+
+#include "page_sheet.h"
+#include "pages/pages.h"
+
+namespace zn::test {
+namespace {
+
+constexpr std::array kKeywords{KW_RESOLUTION,     KW_ICMMETHOD,
+                               KW_ICMINTENT,      KW_SCALE,
+                               KW_TTOPTION,       KW_PSOUTPUTOPTION,
+                               KW_TRUETYPEFONTDOWNLOAD, KW_PSLANGUAGELEVEL,
+                               KW_PSSENDERRORHANDLER,   KW_MIRRORPRINT};
+constexpr std::array<std::size_t, 10> kRows{1, 3, 4, 5, 6, 9, 10, 11, 12, 13};
+
+class AdvancedTree : public PageSheetTest {
+ protected:
+  AdvancedTree() {
+    for (std::size_t item = 0; item < kKeywords.size(); ++item) {
+      SetSelections(kKeywords[item], 0, static_cast<std::uint32_t>(item % 2 + 1));
+    }
+    SetSelections(KW_SCALE, 100, 141);
+    Open(kBasicPage);  // so that the companion module is found
+    tree_ = PrepareAdvancedTree(*sheet_);
+  }
+
+  LONG Report(WORD reason, std::size_t item = 0) const {
+    CPSUICBPARAM parameters{};
+    parameters.cbSize = sizeof parameters;
+    parameters.Reason = reason;
+    parameters.pOptItem = tree_->pOptItem;
+    parameters.cOptItem = tree_->cOptItem;
+    parameters.pCurItem = &tree_->pOptItem[item];
+    return tree_->pfnCallBack(&parameters);
+  }
+  [[nodiscard]] OPTITEM& Item(std::size_t index) const { return tree_->pOptItem[index]; }
+
+  COMPROPSHEETUI* tree_ = nullptr;
+};
+
+TEST_F(AdvancedTree, RecordNamesModelAndTab) {
+  ASSERT_NE(tree_, nullptr);
+  EXPECT_EQ(tree_->cbSize, 128);
+  EXPECT_STREQ(tree_->pOptItemName, "ZN Lumera 5050");
+  EXPECT_STREQ(tree_->pCallerName, "");
+  EXPECT_STREQ(tree_->pHelpFile, "");
+  ASSERT_EQ(tree_->cDlgPage, 1);
+  EXPECT_EQ(tree_->pDlgPage->pTabName, Japanese("詳細設定"));
+  EXPECT_EQ(tree_->pDlgPage->DlgTemplateID, DP_STD_TREEVIEWPAGE);
+  EXPECT_EQ(tree_->CallerVersion, 0x100);
+  EXPECT_EQ(tree_->OptItemVersion, 0x400);
+  ASSERT_EQ(tree_->cOptItem, 14);
+}
+
+TEST_F(AdvancedTree, SheetFlagsGiveTheRecordsFlags) {
+  const struct {
+    bool mayChange, second;
+    WORD flags;
+  } rows[] = {{true, true, 1}, {false, true, 0}, {true, false, 5}, {false, false, 4}};
+  for (const auto& row : rows) {
+    sheet_->mayChangeSettings = row.mayChange;
+    sheet_->treeReadOnlyFlag = row.second;
+    EXPECT_EQ(PrepareAdvancedTree(*sheet_)->Flags, row.flags);
+  }
+}
+
+TEST_F(AdvancedTree, EveryOptionCanBeShown) {
+  for (std::size_t index = 0; index < 14; ++index) {
+    SCOPED_TRACE(index);
+    const OPTITEM& item = Item(index);
+    EXPECT_EQ(item.cbSize, sizeof(OPTITEM));
+    ASSERT_NE(item.pName, nullptr);
+    if (item.pOptType == nullptr) {
+      EXPECT_EQ(item.Flags & OPTIF_CALLBACK, 0u);
+      EXPECT_GE(item.Sel, 0xFA00);
+      continue;
+    }
+    EXPECT_EQ(item.Flags, DWORD{OPTIF_CALLBACK});
+    EXPECT_EQ(item.pOptType->cbSize, sizeof(OPTTYPE));
+    for (WORD option = 0; option < item.pOptType->Count; ++option) {
+      const OPTPARAM& param = item.pOptType->pOptParam[option];
+      EXPECT_EQ(param.cbSize, sizeof(OPTPARAM));
+      if (item.pOptType->Type != TVOT_UDARROW) {
+        ASSERT_NE(param.pData, nullptr);
+        EXPECT_TRUE(IS_INTRESOURCE(param.pData) || *param.pData != '\0');
+      }
+    }
+  }
+  EXPECT_STREQ(Item(5).pOptType->pOptParam[0].pData, "%");
+  EXPECT_EQ(Item(5).pOptType->pOptParam[1].lParam, 1000);
+  EXPECT_EQ(Item(11).pOptType->pOptParam[1].IconID, 1u);
+  EXPECT_EQ(Item(11).pOptType->pOptParam[1].lParam, 3);
+  EXPECT_EQ(Item(8).pName, Japanese("PostScriptオプション"));
+}
+
+TEST_F(AdvancedTree, TextsTakeOneCompanionLoad) {
+  const LONG before = calls_[companion::Call::Load];
+  PrepareAdvancedTree(*sheet_);
+  EXPECT_EQ(calls_[companion::Call::Load] - before, 1);
+}
+
+TEST_F(AdvancedTree, AChangeIsStoredAtOnce) {
+  for (std::size_t row = 0; row < kRows.size(); ++row) {
+    Item(kRows[row]).Sel = 3;
+    EXPECT_EQ(Report(CPSUICB_REASON_SEL_CHANGED, kRows[row]), CPSUICB_ACTION_NONE);
+    EXPECT_EQ(Current(kKeywords[row]), 3u);
+  }
+  EXPECT_EQ(Report(CPSUICB_REASON_SEL_CHANGED, 0), CPSUICB_ACTION_NONE);
+  EXPECT_TRUE(driver_.updates.empty());
+}
+
+TEST_F(AdvancedTree, ShowsWhatOtherPagesChanged) {
+  Item(1).Flags |= OPTIF_DISABLED;
+  sheet_->SetCurrent(KW_SCALE, 71);
+  EXPECT_EQ(Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_OPTIF_CHANGED);
+  EXPECT_EQ(Item(5).Sel, 71);
+  EXPECT_EQ(Item(5).Flags, DWORD{OPTIF_CALLBACK | OPTIF_CHANGED});
+  EXPECT_EQ(Item(1).Flags, DWORD{OPTIF_CALLBACK | OPTIF_CHANGED | OPTIF_DISABLED});
+}
+
+TEST_F(AdvancedTree, LeavingStoresAndCommits) {
+  Item(5).Sel = 50;
+  EXPECT_EQ(Report(CPSUICB_REASON_KILLACTIVE), CPSUICB_ACTION_NONE);
+  EXPECT_EQ(Current(KW_SCALE), 50u);
+  ASSERT_EQ(driver_.updates.size(), 1u);
+  EXPECT_EQ(driver_.updates[0].item, sheet_->items[KW_SCALE]);
+}
+
+TEST_F(AdvancedTree, OtherReasons) {
+  EXPECT_EQ(Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_ITEMS_APPLIED);
+  EXPECT_EQ(Report(CPSUICB_REASON_OPTITEM_SETFOCUS), CPSUICB_ACTION_NONE);
+  EXPECT_EQ(tree_->pfnCallBack(nullptr), CPSUICB_ACTION_NONE);
+  ThePlugInContext().sheet = nullptr;
+  EXPECT_EQ(Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_NONE);
+  EXPECT_EQ(Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_NONE);
+}
+
+}  // namespace
+}  // namespace zn::test

@@ -1,0 +1,162 @@
+// The shared routines of the pages, on controls of real pages.
+#include <commctrl.h>
+
+#include <array>
+
+#include "page_sheet.h"
+#include "pages/pspage.h"
+#include "platform/resources.h"
+#include "res/resource_ids.h"
+
+namespace zn::test {
+namespace {
+
+class Controls : public PageSheetTest {
+ protected:
+  [[nodiscard]] COMBOBOXEXITEMA Entry(int listId, int index) const {
+    COMBOBOXEXITEMA entry{};
+    entry.mask = CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+    entry.iItem = index;
+    ::SendMessageA(Control(listId), CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+    return entry;
+  }
+  [[nodiscard]] LRESULT Count(int listId) const {
+    return ::SendMessageA(Control(listId), CB_GETCOUNT, 0, 0);
+  }
+};
+
+TEST_F(Controls, ListShowsCompanionNamesWithImages) {
+  Open(kBasicPage);
+  SetSelections(KW_COLORMODEL, 0, 1);
+  constexpr std::array kImages{1, 2};
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false,
+                           kImages));
+  EXPECT_EQ(Text(IDC_BASIC_COLOR_MODE_LABEL), Japanese("カラーモード:"));
+  EXPECT_EQ(Count(IDC_BASIC_COLOR_MODE), 2);
+  EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 1);
+  EXPECT_EQ(Entry(IDC_BASIC_COLOR_MODE, 0).iImage, 1);
+  EXPECT_EQ(Entry(IDC_BASIC_COLOR_MODE, 1).iSelectedImage, 2);
+  // Filling again replaces the entries; the default is another one.
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, true));
+  EXPECT_EQ(Count(IDC_BASIC_COLOR_MODE), 2);
+  EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 0);
+}
+
+TEST_F(Controls, OnlyTheLow16BitsSelect) {
+  Open(kBasicPage);
+  SetSelections(KW_COLORMODEL, 0, 0x00050001);
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false));
+  EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 1);
+}
+
+TEST_F(Controls, PunchAlwaysHas16Entries) {
+  Open(kTrayPage);
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_PUNCH, IDC_TRAY_PUNCH_LABEL, false));
+  EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
+  sheet_->items[KW_PUNCH] = nullptr;
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_PUNCH, IDC_TRAY_PUNCH_LABEL, false));
+  EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
+}
+
+TEST_F(Controls, AKeywordThatThePrinterLacksHasNoEntries) {
+  Open(kTrayPage);
+  sheet_->items[KW_JOG] = nullptr;
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL, false));
+  EXPECT_EQ(Count(IDC_TRAY_JOG), 0);
+  sheet_->SetCurrent(KW_JOG, 7);
+  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL));
+  EXPECT_EQ(Current(KW_JOG), 7u);
+}
+
+TEST_F(Controls, StoringReadsTheListBehindTheLabel) {
+  Open(kTrayPage);
+  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_STAPLE, IDC_TRAY_STAPLE_LABEL, false));
+  ::SendMessageA(Control(IDC_TRAY_STAPLE), CB_SETCURSEL, 21, 0);
+  EXPECT_TRUE(StoreComboSelection(Page(), *sheet_, KW_STAPLE, IDC_TRAY_STAPLE_LABEL));
+  EXPECT_EQ(Current(KW_STAPLE), 21u);
+}
+
+TEST_F(Controls, MissingControlsFail) {
+  Open(kTrayPage);
+  EXPECT_FALSE(InitComboBox(Page(), *sheet_, KW_JOG, 9999, false));
+  EXPECT_FALSE(InitRadioGroup(Page(), *sheet_, KW_PAGEORDER, 9999, {}, false));
+  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, 9999));
+}
+
+TEST_F(Controls, RadioGroupsMoveTheFocusToTheCheckedRadio) {
+  constexpr std::array kRadios{IDC_BASIC_PORTRAIT, IDC_BASIC_LANDSCAPE, IDC_BASIC_ROTATED};
+  Open(kBasicPage);
+  ::SetFocus(Control(IDC_BASIC_PORTRAIT));
+  CheckRadio(Page(), kRadios, 2);
+  EXPECT_EQ(CheckedRadio(Page(), kRadios), 2);
+  EXPECT_EQ(::GetFocus(), Control(IDC_BASIC_ROTATED));
+  ::SetFocus(Control(IDC_RESTORE_DEFAULTS));
+  CheckRadio(Page(), kRadios, 1);
+  EXPECT_EQ(::GetFocus(), Control(IDC_RESTORE_DEFAULTS));
+  CheckRadio(Page(), kRadios, 3);
+  EXPECT_EQ(CheckedRadio(Page(), kRadios), -1);
+  // Of two checked radios the last counts.
+  ::CheckDlgButton(Page(), IDC_BASIC_PORTRAIT, BST_CHECKED);
+  ::CheckDlgButton(Page(), IDC_BASIC_LANDSCAPE, BST_CHECKED);
+  EXPECT_EQ(CheckedRadio(Page(), kRadios), 1);
+}
+
+TEST(WarningImages, MarkWhatIsNotAvailable) {
+  const HIMAGELIST list = LoadWarningImage().m_hImgWarningList_16.get();
+  EXPECT_EQ(LoadWarningImage().m_hImgWarningList_16.get(), list) << "made once";
+  ASSERT_EQ(::ImageList_GetImageCount(list), 1);
+  EXPECT_NE(LoadWarningImage().icon24, nullptr);
+  EXPECT_NE(LoadWarningImage().icon32, nullptr);
+
+  constexpr std::array<std::uint32_t, 4> kAvailable{1, 0, 1, 0};
+  std::array images{7, 7, 8, 8};
+  EXPECT_EQ(SetWarningIndex(kAvailable, images, list), 1);
+  EXPECT_EQ(images, (std::array{7, 0, 8, 0}));
+
+  constexpr std::array<std::uint32_t, 4> kAll{1, 1, 2, 1};
+  EXPECT_EQ(SetWarningIndex(kAll, images, list), 0);
+  EXPECT_EQ(SetWarningIndex(kAvailable, images, nullptr), 0);
+  EXPECT_EQ(SetWarningIndex({}, images, list), 0);
+  const UniqueImageList empty(::ImageList_Create(16, 16, ILC_COLOR32, 1, 1));
+  EXPECT_EQ(SetWarningIndex(kAvailable, images, empty.get()), 0);
+  EXPECT_EQ(images, (std::array{7, 0, 8, 0}));
+}
+
+TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
+  const struct {
+    UINT id;
+    int size;
+    int images;
+  } rows[] = {{IDB_COLOR_MODE, 24, 3}, {IDB_DUPLEX, 24, 6}, {IDB_FAVORITE, 16, 3},
+              {IDB_NUP, 24, 13},       {IDB_PUNCH, 24, 13}, {IDB_STAPLE, 24, 18}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.id);
+    const UniqueImageList strip = LoadImageStrip(row.id, row.size);
+    ASSERT_NE(strip, nullptr);
+    EXPECT_EQ(::ImageList_GetImageCount(strip.get()), row.images);
+    // The corner of every image is transparent: what lies beneath shines through.
+    const HDC screen = ::GetDC(nullptr);
+    const HDC canvas = ::CreateCompatibleDC(screen);
+    const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, row.size, row.size);
+    const HGDIOBJ before = ::SelectObject(canvas, bitmap);
+    for (int image = 0; image < row.images; ++image) {
+      ::SetPixel(canvas, 0, row.size - 1, RGB(1, 2, 3));
+      ::ImageList_Draw(strip.get(), image, canvas, 0, 0, ILD_TRANSPARENT);
+      EXPECT_EQ(::GetPixel(canvas, 0, row.size - 1), COLORREF{RGB(1, 2, 3)}) << image;
+    }
+    ::SelectObject(canvas, before);
+    ::DeleteObject(bitmap);
+    ::DeleteDC(canvas);
+    ::ReleaseDC(nullptr, screen);
+  }
+}
+
+TEST(Strings, KeepQuotesAndJapanese) {
+  EXPECT_EQ(LoadResourceString(IDS_RESTRICTION_QUESTION),
+            Japanese("\"%s-%s\"と\"%s-%s\"を同時に指定できません。\n\"%s-%s\"を%sに変更しますか？"));
+  EXPECT_EQ(LoadResourceString(IDS_FAVORITE_FOLDER), "Zentrik\\Quorra QR");
+  EXPECT_EQ(LoadResourceString(IDS_RESERVED_FAVORITE), "");
+}
+
+}  // namespace
+}  // namespace zn::test

@@ -1,0 +1,371 @@
+// The job page, driven by messages as its user would.
+#include <commctrl.h>
+
+#include "page_sheet.h"
+#include "pages/pages.h"
+#include "res/resource_ids.h"
+
+namespace zn::test {
+namespace {
+
+class JobPage : public PageSheetTest {
+ protected:
+  JobPage() {
+    SetSelections(KW_COLORMODEL, 0, 1);
+    SetSelections(KW_PRINTERMODE, 1, 3);
+    SetSelections(KW_SPOOLOPTION, 0, 2);
+  }
+
+  void EnterJobName(const char* name) {
+    sheet_->jobNameMode = JobNameMode::Entered;
+    std::strcpy(sheet_->jobName, name);
+  }
+  void Type(char character) const {
+    ::SendMessageA(Control(IDC_JOB_NAME), WM_CHAR, static_cast<WPARAM>(character), 0);
+  }
+  [[nodiscard]] WORD Caret() const {
+    return HIWORD(::SendMessageA(Control(IDC_JOB_NAME), EM_GETSEL, 0, 0));
+  }
+  [[nodiscard]] std::vector<std::uint32_t> Selections() const {
+    return {Current(KW_COLORMODEL), Current(KW_PRINTERMODE), Current(KW_SPOOLOPTION)};
+  }
+  [[nodiscard]] std::vector<int> Shown() const {
+    int spool = -1;
+    for (const int radio : {IDC_JOB_SPOOL_NONE, IDC_JOB_SPOOL_AFTER_PRINT, IDC_JOB_SPOOL_ONLY}) {
+      if (IsChecked(radio)) {
+        EXPECT_EQ(spool, -1) << "two radios are checked";
+        spool = radio - IDC_JOB_SPOOL_NONE;
+      }
+    }
+    return {Selected(IDC_JOB_COLOR_MODE), Selected(IDC_JOB_PRINTER_MODE), spool};
+  }
+};
+
+using Values = std::vector<std::uint32_t>;
+using Indexes = std::vector<int>;
+
+TEST_F(JobPage, OpensWithTheCurrentSettings) {
+  EnterJobName("quarterly report");
+  Open(kJobPage);
+  EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
+  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
+  EXPECT_FALSE(IsChecked(IDC_JOB_NAME_AUTOMATIC));
+  EXPECT_EQ(Text(IDC_JOB_NAME), "quarterly report");
+  EXPECT_TRUE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
+  EXPECT_EQ(sheet_->activePage, Page());
+  EXPECT_FALSE(CanApply()) << "opening a page is no change";
+}
+
+TEST_F(JobPage, AutomaticJobNameDisablesTheEdit) {
+  Open(kJobPage);
+  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_AUTOMATIC));
+  EXPECT_FALSE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
+  Click(IDC_JOB_NAME_ENTERED);
+  EXPECT_TRUE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
+  EXPECT_TRUE(CanApply());
+  Click(IDC_JOB_NAME_AUTOMATIC);
+  EXPECT_FALSE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
+}
+
+TEST_F(JobPage, TextsComeFromTheCompanionModule) {
+  Open(kJobPage);
+  const struct {
+    int id;
+    const char* text;
+  } rows[] = {
+      {IDC_JOB_NAME_MODE_LABEL, "ジョブ名の指定:"},
+      {IDC_JOB_NAME_LABEL, "ジョブ名:"},
+      {IDC_JOB_NAME_AUTOMATIC, "自動取得"},
+      {IDC_JOB_NAME_ENTERED, "ジョブ名を入力する"},
+      {IDC_JOB_COLOR_MODE_LABEL, "カラーモード:"},
+      {IDC_JOB_PRINTER_MODE_LABEL, "プリンタモード:"},
+      {IDC_JOB_SPOOL_GROUP, "スプールオプション"},
+      {IDC_JOB_SPOOL_ONLY, "プリントせずに保存する"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Text(row.id), Japanese(row.text));
+  }
+  COMBOBOXEXITEMA entry{};
+  char text[64] = "";
+  entry.mask = CBEIF_TEXT;
+  entry.iItem = 1;
+  entry.pszText = text;
+  entry.cchTextMax = sizeof text;
+  ::SendMessageA(Control(IDC_JOB_COLOR_MODE), CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+  EXPECT_EQ(text, Japanese("白黒"));
+  EXPECT_EQ(::SendMessageA(Control(IDC_JOB_PRINTER_MODE), CB_GETCOUNT, 0, 0), 5);
+}
+
+TEST_F(JobPage, OpeningLoadsTheCompanionOncePerControl) {
+  Open(kBasicPage);
+  const LONG before = calls_[companion::Call::Load];
+  ASSERT_TRUE(Activate(kJobPage));
+  // Job name, colour mode, printer mode, spool option.
+  EXPECT_LE(calls_[companion::Call::Load] - before, 4);
+}
+
+TEST_F(JobPage, WithoutCompanionTheTemplateTextsStay) {
+  Open(kJobPage, false);
+  EXPECT_EQ(Text(IDC_JOB_NAME_LABEL), Japanese("ジョブ名："));
+  EXPECT_EQ(Text(IDC_JOB_SPOOL_NONE), Japanese("保存しない"));
+  EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
+  Click(IDC_JOB_PRINT_OPTIONS);
+  EXPECT_TRUE(messages.empty());
+  EXPECT_EQ(Selections(), (Values{1, 3, 2}));
+}
+
+TEST_F(JobPage, EveryChoiceIsStoredAtOnce) {
+  Open(kJobPage);
+  Choose(IDC_JOB_COLOR_MODE, 0);
+  EXPECT_EQ(Selections(), (Values{0, 3, 2}));
+  EXPECT_TRUE(CanApply());
+  Choose(IDC_JOB_PRINTER_MODE, 4);
+  EXPECT_EQ(Selections(), (Values{0, 4, 2}));
+  Click(IDC_JOB_SPOOL_AFTER_PRINT);
+  EXPECT_EQ(Selections(), (Values{0, 4, 1}));
+  EXPECT_TRUE(driver_.updates.empty()) << "the core driver is told when the page is left";
+}
+
+TEST_F(JobPage, AListWithoutSelectionKeepsTheStoredValue) {
+  Open(kJobPage);
+  Choose(IDC_JOB_COLOR_MODE, -1);
+  Choose(IDC_JOB_PRINTER_MODE, -1);
+  ::SendMessageA(Control(IDC_JOB_SPOOL_ONLY), BM_SETCHECK, BST_UNCHECKED, 0);
+  ASSERT_TRUE(Activate(kTrayPage));
+  EXPECT_EQ(Selections(), (Values{1, 3, 2}));
+}
+
+TEST_F(JobPage, NotificationCodes) {
+  Open(kJobPage);
+  const struct {
+    WORD code;
+    int id;
+    INT_PTR answer;
+    bool changes;
+  } rows[] = {
+      {BN_CLICKED, IDC_JOB_NAME_AUTOMATIC, 1, true}, {CBN_SELCHANGE, IDC_JOB_COLOR_MODE, 1, true},
+      {BN_CLICKED, 9999, 1, true},                   {2, IDC_JOB_COLOR_MODE, 0, false},
+      {6, IDC_JOB_NAME_ENTERED, 0, false},           {CBN_DROPDOWN, IDC_JOB_COLOR_MODE, 1, false},
+      {CBN_CLOSEUP, IDC_JOB_COLOR_MODE, 1, false},   {CBN_SELENDOK, 9999, 1, false},
+      {CBN_SELENDCANCEL, IDC_JOB_COLOR_MODE, 0, false}, {EN_KILLFOCUS, IDC_JOB_NAME, 0, false},
+      {EN_CHANGE, IDC_JOB_COLOR_MODE, 0, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << "code " << row.code << " of control " << row.id);
+    ::SendMessageA(::GetParent(Page()), PSM_UNCHANGED, reinterpret_cast<WPARAM>(Page()), 0);
+    EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(row.id, row.code), 0), row.answer);
+    EXPECT_EQ(CanApply(), row.changes);
+  }
+}
+
+// --- Job name ---
+
+TEST_F(JobPage, TheGuardHoldsTheNameAt255Bytes) {
+  EnterJobName(std::string(254, 'a').c_str());
+  Open(kJobPage);
+  ::SendMessageA(Control(IDC_JOB_NAME), EM_SETSEL, 254, 254);
+  Type('b');
+  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(254, 'a') + 'b');
+  EXPECT_EQ(beeps, 0);
+  EXPECT_TRUE(CanApply());
+  ::SendMessageA(Control(IDC_JOB_NAME), EM_SETSEL, 100, 100);
+  Type('c');
+  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(254, 'a') + 'b');
+  EXPECT_EQ(beeps, 1);
+  EXPECT_EQ(Caret(), 100);
+}
+
+TEST_F(JobPage, TheGuardCountsBytesNotCharacters) {
+  EnterJobName("x");
+  Open(kJobPage);
+  std::string wide;
+  for (int i = 0; i < 127; ++i) {
+    wide += Japanese("印");
+  }
+  ::SetWindowTextA(Control(IDC_JOB_NAME), wide.c_str());
+  EXPECT_EQ(Text(IDC_JOB_NAME), wide);
+  ::SetWindowTextA(Control(IDC_JOB_NAME), (wide + Japanese("刷")).c_str());
+  EXPECT_EQ(Text(IDC_JOB_NAME), wide);
+  EXPECT_EQ(beeps, 1);
+}
+
+TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
+  const struct {
+    JobNameMode mode;
+    std::size_t length;
+    bool leaves;
+  } rows[] = {{JobNameMode::Entered, 0, false},
+              {JobNameMode::Entered, 1, true},
+              {JobNameMode::Entered, 255, true},
+              {JobNameMode::Automatic, 0, true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.length);
+    messages.clear();
+    EnterJobName("old name");
+    Open(kJobPage);
+    const std::string name(row.length, 'n');
+    ::SetWindowTextA(Control(IDC_JOB_NAME), name.c_str());
+    Click(row.mode == JobNameMode::Entered ? IDC_JOB_NAME_ENTERED : IDC_JOB_NAME_AUTOMATIC);
+    const HWND before = Page();
+    EXPECT_EQ(Activate(kBasicPage), row.leaves);
+    EXPECT_EQ(Page() != before, row.leaves);
+    EXPECT_EQ(sheet_->jobNameMode, row.mode);
+    EXPECT_EQ(sheet_->jobName,
+              row.leaves && row.mode == JobNameMode::Entered ? name : "old name");
+    if (row.leaves) {
+      EXPECT_TRUE(messages.empty());
+    } else {
+      ASSERT_EQ(messages.size(), 1u);
+      EXPECT_EQ(messages[0].text,
+                Japanese("ジョブ名は1～255バイトの文字を入力してください。"));
+      EXPECT_EQ(messages[0].caption, Japanese("警告"));
+      EXPECT_EQ(messages[0].style, UINT{MB_ICONEXCLAMATION});
+      EXPECT_TRUE(driver_.updates.empty());
+    }
+    Close();
+  }
+}
+
+TEST_F(JobPage, AnUnterminatedStoredNameIsCut) {
+  sheet_->jobNameMode = JobNameMode::Entered;
+  std::memset(sheet_->jobName, 'z', sizeof sheet_->jobName);
+  Open(kJobPage);
+  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(255, 'z'));
+}
+
+// --- Leaving, applying, restoring ---
+
+TEST_F(JobPage, LeavingCommitsExactlyTheChanges) {
+  Open(kJobPage);
+  Choose(IDC_JOB_PRINTER_MODE, 2);
+  Click(IDC_JOB_NAME_ENTERED);
+  ::SetWindowTextA(Control(IDC_JOB_NAME), "invoice");
+  const LONG released = calls_[companion::Call::DeleteMember];
+  ASSERT_TRUE(Activate(kWatermarkPage));
+  ASSERT_EQ(driver_.updates.size(), 1u);
+  EXPECT_EQ(driver_.updates[0].item, sheet_->items[KW_PRINTERMODE]);
+  EXPECT_EQ(driver_.updates[0].previous, 3u);
+  EXPECT_EQ(sheet_->items[KW_PRINTERMODE]->Sel, 2);
+  EXPECT_EQ(devMode_.block.GetText(devmode::kJobName), "invoice");
+  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 1u);
+  EXPECT_EQ(calls_[companion::Call::DeleteMember] - released, 1);
+}
+
+TEST_F(JobPage, AnInactivePageReadsNoControls) {
+  Open(kJobPage);
+  const HWND jobPage = Page();
+  ASSERT_TRUE(Activate(kBasicPage));
+  ::CheckRadioButton(jobPage, IDC_JOB_SPOOL_NONE, IDC_JOB_SPOOL_ONLY, IDC_JOB_SPOOL_NONE);
+  ::SendDlgItemMessageA(jobPage, IDC_JOB_COLOR_MODE, CB_SETCURSEL, 0, 0);
+  ::SendDlgItemMessageA(jobPage, IDC_JOB_PRINTER_MODE, CB_SETCURSEL, 0, 0);
+  ::SendMessageA(jobPage, WM_COMMAND, MAKEWPARAM(IDC_JOB_SPOOL_NONE, BN_CLICKED), 0);
+  ::SendMessageA(jobPage, WM_COMMAND, MAKEWPARAM(IDC_JOB_COLOR_MODE, CBN_SELCHANGE), 0);
+  ::SendMessageA(jobPage, WM_COMMAND, MAKEWPARAM(IDC_JOB_PRINTER_MODE, CBN_SELCHANGE), 0);
+  EXPECT_EQ(Selections(), (Values{1, 3, 2}));
+}
+
+TEST_F(JobPage, ShowsWhatOtherPagesChanged) {
+  Open(kJobPage);
+  ASSERT_TRUE(Activate(kBasicPage));
+  sheet_->SetCurrent(KW_COLORMODEL, 0);
+  sheet_->SetCurrent(KW_SPOOLOPTION, 1);
+  ASSERT_TRUE(Activate(kJobPage));
+  EXPECT_EQ(Shown(), (Indexes{0, 3, 1}));
+}
+
+TEST_F(JobPage, RestoreDefaultsStoresThemAndLeavesTheJobName) {
+  EnterJobName("kept");
+  Open(kJobPage);
+  sheet_->activePage = nullptr;
+  Click(IDC_RESTORE_DEFAULTS);
+  EXPECT_EQ(Shown(), (Indexes{0, 1, 0}));
+  EXPECT_EQ(Selections(), (Values{0, 1, 0}));
+  EXPECT_EQ(sheet_->activePage, Page());
+  EXPECT_EQ(Text(IDC_JOB_NAME), "kept");
+  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
+  EXPECT_FALSE(CanApply());
+  EXPECT_TRUE(messages.empty());
+  EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), 1);
+}
+
+TEST_F(JobPage, RestoreDefaultsReportsAMissingControl) {
+  Open(kJobPage);
+  ::DestroyWindow(Control(IDC_JOB_SPOOL_GROUP));
+  EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), 0);
+  EXPECT_EQ(Selections(), (Values{0, 1, 0}));
+}
+
+TEST_F(JobPage, ApplyReportsSuccessToTheSheet) {
+  Open(kJobPage);
+  Choose(IDC_JOB_COLOR_MODE, 0);
+  results.clear();
+  Apply();
+  ASSERT_EQ(results.size(), 1u) << "only this page was visited";
+  EXPECT_EQ(results[0], (std::array<LPARAM, 3>{CPSFUNC_SET_RESULT, 0x1234, CPSUI_OK}));
+  EXPECT_EQ(driver_.updates.size(), 1u);
+  EXPECT_FALSE(CanApply());
+}
+
+TEST_F(JobPage, AnInvalidJobNameStopsApply) {
+  EnterJobName("");
+  Open(kJobPage);
+  Apply();
+  EXPECT_EQ(messages.size(), 1u);
+  EXPECT_TRUE(results.empty());
+}
+
+TEST_F(JobPage, AFailedPrinterDefaultIsToldAndThePageLeft) {
+  Open(kJobPage);
+  ::CreateWindowA("BUTTON", "", WS_CHILD | BS_AUTOCHECKBOX, 0, 0, 10, 10, Page(),
+                  reinterpret_cast<HMENU>(IDC_JOB_PRINTER_DEFAULT), nullptr, nullptr);
+  ::CheckDlgButton(Page(), IDC_JOB_PRINTER_DEFAULT, BST_CHECKED);
+  EXPECT_TRUE(Activate(kBasicPage));
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0].text,
+            Japanese("[プリンタのデフォルト]設定が保存できませんでした。\n"
+                     "プリンタのデフォルトは使用しません。"));
+  EXPECT_EQ(messages[0].caption, "");
+  EXPECT_EQ(messages[0].style, UINT{MB_ICONEXCLAMATION});
+}
+
+// --- The dispatcher ---
+
+TEST_F(JobPage, APageWithoutSheetDoesNothing) {
+  const HWND dialog = ::CreateDialogParamA(
+      ::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_JOB_PAGE), ::GetDesktopWindow(),
+      DialogPages()[kJobPage].procedure, 0);
+  ASSERT_NE(dialog, nullptr);
+  PSHNOTIFY notification{};
+  for (const int code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
+    notification.hdr.code = static_cast<UINT>(code);
+    EXPECT_EQ(DialogPages()[kJobPage].procedure(dialog, WM_NOTIFY, 0,
+                                                reinterpret_cast<LPARAM>(&notification)),
+              0);
+  }
+  for (const int id : {IDC_JOB_NAME, IDC_RESTORE_DEFAULTS, IDC_JOB_PRINT_OPTIONS}) {
+    EXPECT_EQ(DialogPages()[kJobPage].procedure(dialog, WM_COMMAND, MAKEWPARAM(id, 0), 0), 0);
+  }
+  ::DestroyWindow(dialog);
+}
+
+TEST_F(JobPage, UnhandledMessagesAreLeftToTheDialogManager) {
+  Open(kJobPage);
+  NMHDR other{.hwndFrom = Page(), .idFrom = 0, .code = static_cast<UINT>(PSN_HELP)};
+  const struct {
+    UINT message;
+    LPARAM lParam;
+  } rows[] = {{WM_NOTIFY, reinterpret_cast<LPARAM>(&other)},
+              {WM_NOTIFY, 0},
+              {WM_DRAWITEM, 0},
+              {WM_CLOSE, 0},
+              {WM_USER + 100, 0},
+              {WM_USER + 200, 0},
+              {WM_USER + 201, 0},
+              {WM_TIMER, 0}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(Ask(kJobPage, row.message, 0, row.lParam), 0) << row.message;
+  }
+}
+
+}  // namespace
+}  // namespace zn::test

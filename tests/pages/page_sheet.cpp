@@ -1,0 +1,200 @@
+#include "page_sheet.h"
+
+#include <commctrl.h>
+
+#include <cstring>
+
+#include "pages/pages.h"
+#include "platform/resources.h"
+#include "session/keyword_table.h"
+#include "session/plugin_context.h"
+
+namespace zn::test {
+namespace {
+
+constexpr int kApplyButton = 0x3021;
+constexpr LONG_PTR kLastPageHandle = 0x1234;
+HANDLE const kSheetHandle = reinterpret_cast<HANDLE>(0x5678);
+
+std::string g_driverPath;  // empty: the spooler does not know the driver
+
+BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD level, LPBYTE memory, DWORD size,
+                                 LPDWORD need) {
+  const auto pathSize = static_cast<DWORD>(g_driverPath.size() + 1);
+  *need = sizeof(DRIVER_INFO_2A) + pathSize;
+  if (level != 2 || g_driverPath.empty() || size < *need) {
+    ::SetLastError(g_driverPath.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER);
+    return FALSE;
+  }
+  auto* const info = reinterpret_cast<DRIVER_INFO_2A*>(memory);
+  *info = DRIVER_INFO_2A{};
+  info->pDriverPath = reinterpret_cast<char*>(info + 1);
+  std::memcpy(info->pDriverPath, g_driverPath.c_str(), pathSize);
+  return TRUE;
+}
+
+int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style);
+BOOL WINAPI RecordBeep(UINT);
+
+LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM second);
+
+}  // namespace
+
+std::vector<ShownMessage> PageSheetTest::messages;
+int PageSheetTest::beeps;
+std::vector<std::array<LPARAM, 3>> PageSheetTest::results;
+
+namespace {
+
+// Reaches the recordings, which are protected.
+struct Recorder : PageSheetTest {
+  using PageSheetTest::beeps;
+  using PageSheetTest::messages;
+  using PageSheetTest::results;
+  void TestBody() override {}
+};
+
+int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style) {
+  Recorder::messages.push_back({text, caption != nullptr ? caption : "(null)", style});
+  return IDOK;
+}
+
+BOOL WINAPI RecordBeep(UINT) {
+  ++Recorder::beeps;
+  return TRUE;
+}
+
+LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM second) {
+  EXPECT_EQ(sheet, kSheetHandle);
+  Recorder::results.push_back({static_cast<LPARAM>(function), first, second});
+  return 1;
+}
+
+}  // namespace
+
+PageSheetTest::PageSheetTest()
+    : driver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver),
+      box_(::GetModuleHandleA(nullptr), "MessageBoxA", &RecordMessage),
+      beep_(::GetModuleHandleA(nullptr), "MessageBeep", &RecordBeep) {
+  messages.clear();
+  beeps = 0;
+  results.clear();
+  // An item with the real number of options for every keyword.
+  types_.resize(KW_MAX);
+  for (KeywordId id = 0; id < KW_MAX; ++id) {
+    OPTITEM& item = items_.AddKeyword(id, 0);
+    types_[id].cbSize = sizeof(OPTTYPE);
+    types_[id].Count = static_cast<WORD>(GetOptionCodeList(id).size());
+    item.pOptType = &types_[id];
+    sheet_->items[id] = &item;
+  }
+  TakeItems();
+  sheet_->jobValues.SetDefaults();
+  sheet_->hPrinter = reinterpret_cast<HANDLE>(0x77);
+  sheet_->hComPropSheet = kSheetHandle;
+  sheet_->pfnComPropSheet = &RecordResult;
+  sheet_->hLastPage = kLastPageHandle;
+  sheet_->mayChangeSettings = true;
+  sheet_->treeReadOnlyFlag = true;
+  ThePlugInContext().sheet = sheet_.get();
+}
+
+PageSheetTest::~PageSheetTest() {
+  Close();
+  ThePlugInContext().sheet = nullptr;
+}
+
+void PageSheetTest::Open(PageIndex page, bool withCompanion) {
+  g_driverPath = withCompanion ? FolderOfProgram() + "driver.dll" : std::string();
+  std::array<PROPSHEETPAGEA, kDialogPageCount> pages{};
+  for (int index = 0; index < kDialogPageCount; ++index) {
+    PROPSHEETPAGEA& entry = pages[static_cast<std::size_t>(index)];
+    entry.dwSize = sizeof entry;
+    entry.hInstance = ResourceInstance();
+    entry.pszTemplate = MAKEINTRESOURCEA(DialogPages()[index].templateId);
+    entry.pfnDlgProc = DialogPages()[index].procedure;
+    entry.lParam = reinterpret_cast<LPARAM>(sheet_.get());
+  }
+  PROPSHEETHEADERA header{};
+  header.dwSize = sizeof header;
+  header.dwFlags = PSH_PROPSHEETPAGE | PSH_MODELESS;
+  header.pszCaption = "test";
+  header.nPages = static_cast<UINT>(pages.size());
+  header.nStartPage = static_cast<UINT>(page);
+  header.ppsp = pages.data();
+  window_ = reinterpret_cast<HWND>(::PropertySheetA(&header));
+  ASSERT_NE(window_, nullptr);
+}
+
+void PageSheetTest::Close() {
+  if (window_ != nullptr) {
+    ::DestroyWindow(window_);
+    window_ = nullptr;
+  }
+}
+
+bool PageSheetTest::Activate(PageIndex page) {
+  return ::SendMessageA(window_, PSM_SETCURSEL, static_cast<WPARAM>(page), 0) != 0;
+}
+
+HWND PageSheetTest::Page() const {
+  return reinterpret_cast<HWND>(::SendMessageA(window_, PSM_GETCURRENTPAGEHWND, 0, 0));
+}
+
+std::string PageSheetTest::Text(int id) const {
+  char text[512] = "";
+  ::GetWindowTextA(Control(id), text, sizeof text);
+  return text;
+}
+
+void PageSheetTest::Click(int id) const {
+  ::SendMessageA(Control(id), BM_CLICK, 0, 0);
+}
+
+void PageSheetTest::Choose(int listId, int index) const {
+  const HWND list = Control(listId);
+  ::SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  ::SendMessageA(Page(), WM_COMMAND, MAKEWPARAM(listId, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+}
+
+int PageSheetTest::Selected(int listId) const {
+  return static_cast<int>(::SendMessageA(Control(listId), CB_GETCURSEL, 0, 0));
+}
+
+bool PageSheetTest::IsChecked(int id) const {
+  return ::IsDlgButtonChecked(Page(), id) == BST_CHECKED;
+}
+
+bool PageSheetTest::CanApply() const {
+  return ::IsWindowEnabled(::GetDlgItem(window_, kApplyButton)) != FALSE;
+}
+
+void PageSheetTest::Apply() const {
+  ::SendMessageA(window_, PSM_APPLY, 0, 0);
+}
+
+INT_PTR PageSheetTest::Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const {
+  return DialogPages()[page].procedure(Page(), message, wParam, lParam);
+}
+
+void PageSheetTest::SetSelections(KeywordId id, std::uint32_t defaultIndex,
+                                  std::uint32_t currentIndex) {
+  sheet_->options[id] = {defaultIndex, currentIndex, currentIndex};
+}
+
+std::string FolderOfProgram() {
+  char path[MAX_PATH] = "";
+  ::GetModuleFileNameA(nullptr, path, sizeof path);
+  return {path, std::strrchr(path, '\\') + 1};
+}
+
+std::string Japanese(const char* utf8) {
+  wchar_t wide[512];
+  char text[1024];
+  ::MultiByteToWideChar(CP_UTF8, 0, utf8, -1, wide, 512);
+  ::WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
+  return text;
+}
+
+}  // namespace zn::test

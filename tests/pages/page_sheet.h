@@ -1,0 +1,69 @@
+// A property sheet of the plug-in's four dialog pages over a sheet's data. The companion module is
+// the stand-in beside the test program; message boxes, beeps and results are recorded.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "companion/call_counter.h"
+#include "iat_patch.h"
+#include "tests/session/sheet_fixture.h"
+
+namespace zn::test {
+
+enum PageIndex { kBasicPage, kTrayPage, kWatermarkPage, kJobPage };
+
+struct ShownMessage {
+  std::string text;
+  std::string caption;
+  UINT style;
+};
+
+class PageSheetTest : public SheetTest {
+ protected:
+  PageSheetTest();
+  ~PageSheetTest() override;
+
+  // Opens the sheet on a page; `withCompanion` false hides the companion module.
+  void Open(PageIndex page, bool withCompanion = true);
+  void Close();
+
+  // Turns to a page as the user does; false when the page shown refuses to be left.
+  bool Activate(PageIndex page);
+  [[nodiscard]] HWND Page() const;  // the page shown
+  [[nodiscard]] HWND Control(int id) const { return ::GetDlgItem(Page(), id); }
+  [[nodiscard]] std::string Text(int id) const;
+
+  void Click(int id) const;
+  void Choose(int listId, int index) const;  // selects an entry as the user does
+  [[nodiscard]] int Selected(int listId) const;
+  [[nodiscard]] bool IsChecked(int id) const;
+  [[nodiscard]] bool CanApply() const;  // the sheet knows of a change
+  void Apply() const;
+
+  // What the page procedure answers to a message.
+  [[nodiscard]] INT_PTR Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const;
+
+  [[nodiscard]] std::uint32_t Current(KeywordId id) const { return sheet_->Current(id); }
+  void SetSelections(KeywordId id, std::uint32_t defaultIndex, std::uint32_t currentIndex);
+
+  static std::vector<ShownMessage> messages;
+  static int beeps;
+  static std::vector<std::array<LPARAM, 3>> results;  // function, page handle, result
+
+  companion::CallCounter calls_;
+
+ private:
+  HWND window_ = nullptr;
+  std::vector<OPTTYPE> types_;
+  ImportPatch driver_, box_, beep_;
+};
+
+// Opened with the companion module and the job page's usual selections.
+std::string FolderOfProgram();
+// A text of the string table's encoding from a UTF-8 literal.
+std::string Japanese(const char* utf8);
+
+}  // namespace zn::test

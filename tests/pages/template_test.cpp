@@ -1,0 +1,377 @@
+// Every dialog template, as the system lays it out: what the code relies on, and what a user needs.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "page_sheet.h"
+#include "res/resource_ids.h"
+
+namespace zn::test {
+namespace {
+
+struct Control {
+  int id;
+  const char* windowClass;
+};
+
+struct Template {
+  int id;
+  const char* caption;
+  std::vector<Control> controls;
+  std::vector<std::pair<int, int>> lists;  // label, the list right behind it
+};
+
+constexpr char kStatic[] = "Static";
+constexpr char kButton[] = "Button";
+constexpr char kEdit[] = "Edit";
+constexpr char kList[] = "ComboBox";
+constexpr char kExtended[] = "ComboBoxEx32";
+
+const std::vector<Control> kJobControls{{IDC_JOB_NAME_MODE_LABEL, kStatic},
+                                        {IDC_JOB_NAME_AUTOMATIC, kButton},
+                                        {IDC_JOB_NAME_ENTERED, kButton},
+                                        {IDC_JOB_NAME_LABEL, kStatic},
+                                        {IDC_JOB_NAME, kEdit},
+                                        {IDC_JOB_COLOR_MODE_LABEL, kStatic},
+                                        {IDC_JOB_COLOR_MODE, kExtended},
+                                        {IDC_JOB_PRINTER_MODE_LABEL, kStatic},
+                                        {IDC_JOB_PRINTER_MODE, kExtended},
+                                        {IDC_JOB_SPOOL_GROUP, kButton},
+                                        {IDC_JOB_SPOOL_NONE, kButton},
+                                        {IDC_JOB_SPOOL_AFTER_PRINT, kButton},
+                                        {IDC_JOB_SPOOL_ONLY, kButton},
+                                        {IDC_JOB_PRINT_OPTIONS, kButton},
+                                        {IDC_RESTORE_DEFAULTS, kButton}};
+const std::vector<std::pair<int, int>> kJobLists{
+    {IDC_JOB_NAME_LABEL, IDC_JOB_NAME},
+    {IDC_JOB_COLOR_MODE_LABEL, IDC_JOB_COLOR_MODE},
+    {IDC_JOB_PRINTER_MODE_LABEL, IDC_JOB_PRINTER_MODE}};
+const std::vector<Control> kMediaControls{{IDC_MEDIA_TYPE_LABEL, kStatic},
+                                          {IDC_MEDIA_TYPE, kExtended},
+                                          {IDC_MEDIA_WEIGHT_LABEL, kStatic},
+                                          {IDC_MEDIA_WEIGHT, kExtended},
+                                          {IDC_MEDIA_COLOR_LABEL, kStatic},
+                                          {IDC_MEDIA_COLOR, kExtended},
+                                          {IDOK, kButton},
+                                          {IDCANCEL, kButton},
+                                          {IDC_RESTORE_DEFAULTS, kButton}};
+const std::vector<std::pair<int, int>> kMediaLists{{IDC_MEDIA_TYPE_LABEL, IDC_MEDIA_TYPE},
+                                                   {IDC_MEDIA_WEIGHT_LABEL, IDC_MEDIA_WEIGHT},
+                                                   {IDC_MEDIA_COLOR_LABEL, IDC_MEDIA_COLOR}};
+
+template <class Element>
+std::vector<Element> Join(std::vector<Element> first, const std::vector<Element>& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+const std::vector<Template> kTemplates{
+    {IDD_BASIC_PAGE,
+     "基本",
+     {{IDC_BASIC_FAVORITES_LABEL, kStatic},
+      {IDC_BASIC_FAVORITES, kExtended},
+      {IDC_SAVE_FAVORITE, kButton},
+      {IDC_LIST_FAVORITES, kButton},
+      {IDC_BASIC_PAGE_SIZE_LABEL, kStatic},
+      {IDC_BASIC_PAGE_SIZE, kList},
+      {IDC_BASIC_EDIT_SIZE, kButton},
+      {IDC_BASIC_ORIENTATION_GROUP, kButton},
+      {IDC_BASIC_PORTRAIT, kButton},
+      {IDC_BASIC_LANDSCAPE, kButton},
+      {IDC_BASIC_ROTATED, kButton},
+      {IDC_BASIC_OUTPUT_SIZE_LABEL, kStatic},
+      {IDC_BASIC_OUTPUT_SIZE, kList},
+      {IDC_BASIC_FIT_SIZE_LABEL, kStatic},
+      {IDC_BASIC_FIT_SIZE, kExtended},
+      {IDC_BASIC_COPIES_LABEL, kStatic},
+      {IDC_BASIC_COPIES, kEdit},
+      {IDC_BASIC_COPIES_SPIN, "msctls_updown32"},
+      {IDC_BASIC_ON_CENTER, kButton},
+      {IDC_BASIC_DUPLEX_LABEL, kStatic},
+      {IDC_BASIC_DUPLEX, kExtended},
+      {IDC_BASIC_NUP_LABEL, kStatic},
+      {IDC_BASIC_NUP, kExtended},
+      {IDC_BASIC_NUP_BORDER, kButton},
+      {IDC_BASIC_COLOR_MODE_LABEL, kStatic},
+      {IDC_BASIC_COLOR_MODE, kExtended},
+      {IDC_ILLUSTRATION, kStatic},
+      {IDC_RESTORE_DEFAULTS, kButton}},
+     {{IDC_BASIC_FAVORITES_LABEL, IDC_BASIC_FAVORITES},
+      {IDC_BASIC_PAGE_SIZE_LABEL, IDC_BASIC_PAGE_SIZE},
+      {IDC_BASIC_OUTPUT_SIZE_LABEL, IDC_BASIC_OUTPUT_SIZE},
+      {IDC_BASIC_FIT_SIZE_LABEL, IDC_BASIC_FIT_SIZE},
+      {IDC_BASIC_COPIES, IDC_BASIC_COPIES_SPIN},
+      {IDC_BASIC_DUPLEX_LABEL, IDC_BASIC_DUPLEX},
+      {IDC_BASIC_NUP_LABEL, IDC_BASIC_NUP},
+      {IDC_BASIC_COLOR_MODE_LABEL, IDC_BASIC_COLOR_MODE}}},
+    {IDD_TRAY_PAGE,
+     "トレイ/排出",
+     {{IDC_TRAY_SOURCE_LABEL, kStatic},
+      {IDC_TRAY_SOURCE, kExtended},
+      {IDC_TRAY_BYPASS_SETTINGS, kButton},
+      {IDC_TRAY_AUTO_SETTINGS, kButton},
+      {IDC_TRAY_OUTPUT_LABEL, kStatic},
+      {IDC_TRAY_OUTPUT, kExtended},
+      {IDC_TRAY_PAGE_ORDER_GROUP, kButton},
+      {IDC_TRAY_FORWARD_ORDER, kButton},
+      {IDC_TRAY_REVERSE_ORDER, kButton},
+      {IDC_TRAY_JOG_LABEL, kStatic},
+      {IDC_TRAY_JOG, kExtended},
+      {IDC_TRAY_COLLATE, kButton},
+      {IDC_TRAY_STAPLE_LABEL, kStatic},
+      {IDC_TRAY_STAPLE, kExtended},
+      {IDC_TRAY_PUNCH_LABEL, kStatic},
+      {IDC_TRAY_PUNCH, kExtended},
+      {IDC_RESTORE_DEFAULTS, kButton},
+      {IDC_ILLUSTRATION, kStatic}},
+     {{IDC_TRAY_SOURCE_LABEL, IDC_TRAY_SOURCE},
+      {IDC_TRAY_OUTPUT_LABEL, IDC_TRAY_OUTPUT},
+      {IDC_TRAY_JOG_LABEL, IDC_TRAY_JOG},
+      {IDC_TRAY_STAPLE_LABEL, IDC_TRAY_STAPLE},
+      {IDC_TRAY_PUNCH_LABEL, IDC_TRAY_PUNCH}}},
+    {IDD_WATERMARK_PAGE,
+     "ウォーターマーク",
+     {{IDC_WATERMARK_ON, kButton},
+      {IDC_WATERMARK_NUMBER_LABEL, kStatic},
+      {IDC_WATERMARK_NUMBER, kList},
+      {IDC_WATERMARK_POSITION_GROUP, kButton},
+      {IDC_WATERMARK_LEFT, kStatic},
+      {IDC_WATERMARK_TOP, kStatic},
+      {IDC_WATERMARK_RIGHT, kStatic},
+      {IDC_WATERMARK_BOTTOM, kStatic},
+      {IDC_WATERMARK_UPPER_LEFT, kButton},
+      {IDC_WATERMARK_UPPER_RIGHT, kButton},
+      {IDC_WATERMARK_LOWER_LEFT, kButton},
+      {IDC_WATERMARK_LOWER_RIGHT, kButton},
+      {IDC_WATERMARK_CENTER, kButton},
+      {IDC_WATERMARK_POSITION, kList},
+      {IDC_WATERMARK_ORDER_LABEL, kStatic},
+      {IDC_WATERMARK_ORDER, kList},
+      {IDC_WATERMARK_RESTORE_DEFAULTS, kButton}},
+     {{IDC_WATERMARK_NUMBER_LABEL, IDC_WATERMARK_NUMBER},
+      {IDC_WATERMARK_ORDER_LABEL, IDC_WATERMARK_ORDER}}},
+    {IDD_JOB_PAGE, "Quorra QR", kJobControls, kJobLists},
+    {IDD_JOB_PAGE_FAVORITE, "Quorra QR",
+     Join(kJobControls, {{IDC_JOB_FAVORITES, kExtended},
+                         {IDC_SAVE_FAVORITE, kButton},
+                         {IDC_LIST_FAVORITES, kButton},
+                         {IDC_JOB_NAME_BUTTON, kButton}}),
+     kJobLists},
+    {IDD_DEVICE_PAGE, "初期設定", {{IDC_DEVICE_AUTHENTICATION, kButton}}, {}},
+    {IDD_MEDIA_TYPE_AUTO, "自動トレイの用紙設定", kMediaControls, kMediaLists},
+    {IDD_MEDIA_TYPE_BYPASS, "手差し設定",
+     Join(kMediaControls, {{IDC_MEDIA_TAKE_OVER, kButton},
+                           {IDC_MEDIA_MANUAL_DUPLEX_LABEL, kStatic},
+                           {IDC_MEDIA_MANUAL_DUPLEX, kList}}),
+     Join(kMediaLists, {{IDC_MEDIA_MANUAL_DUPLEX_LABEL, IDC_MEDIA_MANUAL_DUPLEX}})},
+    {IDD_CUSTOM_PAGE_SIZE,
+     "PostScript カスタム ページ サイズの定義",
+     {{IDC_CUSTOM_WIDTH, kEdit},
+      {IDC_CUSTOM_WIDTH_RANGE, kStatic},
+      {IDC_CUSTOM_HEIGHT, kEdit},
+      {IDC_CUSTOM_HEIGHT_RANGE, kStatic},
+      {IDC_CUSTOM_INCH, kButton},
+      {IDC_CUSTOM_MILLIMETER, kButton},
+      {IDC_CUSTOM_POINT, kButton},
+      {IDC_CUSTOM_DIRECTION, kList},
+      {IDC_CUSTOM_OK, kButton},
+      {IDC_CUSTOM_CANCEL, kButton},
+      {IDC_CUSTOM_DEFAULTS, kButton}},
+     {}},
+    {IDD_SAVE_FAVORITE,
+     "お気に入りの保存",
+     {{IDC_FAVORITE_NAME, kEdit},
+      {IDC_FAVORITE_COMMENT, kEdit},
+      {IDOK, kButton},
+      {IDCANCEL, kButton}},
+     {}},
+};
+
+INT_PTR CALLBACK PlainDialog(HWND, UINT, WPARAM, LPARAM) {
+  return FALSE;
+}
+
+class TemplateTest : public testing::TestWithParam<Template> {
+ protected:
+  void SetUp() override {
+    frame_ = ::CreateWindowA("Static", "", WS_POPUP, 0, 0, 800, 800, nullptr, nullptr, nullptr,
+                             nullptr);
+    dialog_ = ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(GetParam().id),
+                                   frame_, &PlainDialog, 0);
+    ASSERT_NE(dialog_, nullptr);
+    for (HWND child = ::GetWindow(dialog_, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+      children_.push_back(child);
+    }
+  }
+  void TearDown() override {
+    ::DestroyWindow(dialog_);
+    ::DestroyWindow(frame_);
+  }
+
+  static std::string TextOf(HWND window) {
+    char text[256] = "";
+    ::GetWindowTextA(window, text, sizeof text);
+    return text;
+  }
+  static std::string ClassOf(HWND window) {
+    char name[64] = "";
+    ::GetClassNameA(window, name, sizeof name);
+    return name;
+  }
+  static LONG StyleOf(HWND window) { return ::GetWindowLongA(window, GWL_STYLE); }
+  static bool IsGroupBox(HWND window) {
+    return ClassOf(window) == kButton && (StyleOf(window) & BS_TYPEMASK) == BS_GROUPBOX;
+  }
+  static bool IsFrame(HWND window) {
+    const LONG type = StyleOf(window) & SS_TYPEMASK;
+    return ClassOf(window) == kStatic && (type == SS_ETCHEDFRAME || type == SS_ETCHEDHORZ);
+  }
+  // In the dialog's client area.
+  [[nodiscard]] RECT RectOf(HWND window) const {
+    RECT rect{};
+    ::GetWindowRect(window, &rect);
+    ::MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+  }
+  static std::string Name(HWND window) {
+    return std::to_string(::GetDlgCtrlID(window)) + " \"" + TextOf(window) + "\"";
+  }
+
+  HWND frame_ = nullptr;
+  HWND dialog_ = nullptr;
+  std::vector<HWND> children_;
+};
+
+TEST_P(TemplateTest, HasExactlyItsControls) {
+  EXPECT_EQ(TextOf(dialog_), Japanese(GetParam().caption));
+  std::multimap<int, std::string> present;
+  for (const HWND child : children_) {
+    if (const auto id = static_cast<SHORT>(::GetDlgCtrlID(child)); id != -1) {
+      present.emplace(::GetDlgCtrlID(child), ClassOf(child));
+    }
+  }
+  std::multimap<int, std::string> wanted;
+  for (const Control& control : GetParam().controls) {
+    wanted.emplace(control.id, control.windowClass);
+  }
+  EXPECT_EQ(present, wanted);
+}
+
+TEST_P(TemplateTest, ListsFollowTheirLabels) {
+  for (const auto& [label, list] : GetParam().lists) {
+    EXPECT_EQ(::GetWindow(::GetDlgItem(dialog_, label), GW_HWNDNEXT),
+              ::GetDlgItem(dialog_, list))
+        << label;
+  }
+}
+
+TEST_P(TemplateTest, MnemonicsAreUnique) {
+  std::set<int> used;
+  for (const HWND child : children_) {
+    const std::string text = TextOf(child);
+    const auto mark = text.find('&');
+    if (mark != std::string::npos && mark + 1 < text.size()) {
+      EXPECT_TRUE(used.insert(std::toupper(text[mark + 1])).second) << text;
+    }
+  }
+}
+
+TEST_P(TemplateTest, NoTextIsClipped) {
+  constexpr int kButtonMargin = 6;
+  const HDC dc = ::GetDC(dialog_);
+  ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageA(dialog_, WM_GETFONT, 0, 0)));
+  for (const HWND child : children_) {
+    const std::string text = TextOf(child);
+    const std::string windowClass = ClassOf(child);
+    if (text.empty() || (windowClass != kStatic && windowClass != kButton)) {
+      continue;
+    }
+    RECT need{};
+    ::DrawTextA(dc, text.c_str(), -1, &need, DT_CALCRECT | DT_SINGLELINE);
+    RECT room{};
+    ::GetClientRect(child, &room);
+    int decoration = 0;
+    if (windowClass == kButton) {
+      const LONG type = StyleOf(child) & BS_TYPEMASK;
+      const bool hasBox = type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON;
+      decoration = hasBox ? ::GetSystemMetrics(SM_CXMENUCHECK) + kButtonMargin : 2 * kButtonMargin;
+    }
+    EXPECT_LE(need.right + decoration, room.right) << Name(child);
+    EXPECT_LE(need.bottom, room.bottom) << Name(child);
+  }
+  ::ReleaseDC(dialog_, dc);
+}
+
+TEST_P(TemplateTest, ControlsLieInsideAndApart) {
+  RECT inside{};
+  ::GetClientRect(dialog_, &inside);
+  for (const HWND child : children_) {
+    const RECT rect = RectOf(child);
+    RECT common{};
+    ::IntersectRect(&common, &rect, &inside);
+    EXPECT_TRUE(::EqualRect(&common, &rect)) << Name(child);
+    for (const HWND other : children_) {
+      const RECT otherRect = RectOf(other);
+      const bool framed = IsGroupBox(child) || IsFrame(child) || IsGroupBox(other) ||
+                          IsFrame(other) || ClassOf(child) == "msctls_updown32" ||
+                          ClassOf(other) == "msctls_updown32";
+      if (other != child && !framed) {
+        EXPECT_FALSE(::IntersectRect(&common, &rect, &otherRect))
+            << Name(child) << " and " << Name(other);
+      }
+    }
+  }
+}
+
+TEST_P(TemplateTest, TabsGoDownAndToTheRight) {
+  HWND control = ::GetNextDlgTabItem(dialog_, nullptr, FALSE);
+  ASSERT_NE(control, nullptr);
+  const HWND first = control;
+  RECT before = RectOf(control);
+  for (control = ::GetNextDlgTabItem(dialog_, control, FALSE); control != first;
+       control = ::GetNextDlgTabItem(dialog_, control, FALSE)) {
+    const RECT rect = RectOf(control);
+    const bool sameRow = rect.top < before.bottom && before.top < rect.bottom;
+    EXPECT_TRUE(sameRow ? rect.left > before.left : rect.top >= before.bottom) << Name(control);
+    before = rect;
+  }
+}
+
+TEST_P(TemplateTest, EveryInputIsReachedByTheKeyboard) {
+  bool inRadioGroup = false;
+  for (const HWND child : children_) {
+    const LONG style = StyleOf(child);
+    const std::string windowClass = ClassOf(child);
+    if ((style & WS_GROUP) != 0) {
+      inRadioGroup = false;
+    }
+    const bool radio = windowClass == kButton && (style & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
+    if (radio && !inRadioGroup) {
+      EXPECT_TRUE((style & WS_GROUP) != 0) << Name(child) << " must begin a group";
+      inRadioGroup = true;
+      EXPECT_TRUE((style & WS_TABSTOP) != 0) << Name(child);
+    } else if (inRadioGroup && !radio) {
+      ADD_FAILURE() << Name(child) << " belongs to the radio group before it";
+    } else if (!radio && windowClass != kStatic && windowClass != "msctls_updown32" &&
+               !IsGroupBox(child)) {
+      EXPECT_TRUE((style & WS_TABSTOP) != 0) << Name(child);
+    }
+  }
+}
+
+std::string TemplateName(const testing::TestParamInfo<Template>& info) {
+  return "Template" + std::to_string(info.param.id);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TemplateTest, testing::ValuesIn(kTemplates), &TemplateName);
+
+}  // namespace
+}  // namespace zn::test
