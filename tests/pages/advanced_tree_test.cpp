@@ -4,15 +4,21 @@
 
 #include "page_sheet.h"
 #include "pages/pages.h"
+#include "session/plugin_context.h"
 
 namespace zn::test {
 namespace {
 
-constexpr std::array kKeywords{KW_RESOLUTION,     KW_ICMMETHOD,
-                               KW_ICMINTENT,      KW_SCALE,
-                               KW_TTOPTION,       KW_PSOUTPUTOPTION,
-                               KW_TRUETYPEFONTDOWNLOAD, KW_PSLANGUAGELEVEL,
-                               KW_PSSENDERRORHANDLER,   KW_MIRRORPRINT};
+constexpr std::array kKeywords{KW_RESOLUTION,
+                               KW_ICMMETHOD,
+                               KW_ICMINTENT,
+                               KW_SCALE,
+                               KW_TTOPTION,
+                               KW_PSOUTPUTOPTION,
+                               KW_TRUETYPEFONTDOWNLOAD,
+                               KW_PSLANGUAGELEVEL,
+                               KW_PSSENDERRORHANDLER,
+                               KW_MIRRORPRINT};
 constexpr std::array<std::size_t, 10> kRows{1, 3, 4, 5, 6, 9, 10, 11, 12, 13};
 
 class AdvancedTree : public PageSheetTest {
@@ -97,7 +103,7 @@ TEST_F(AdvancedTree, EveryOptionCanBeShown) {
 
 TEST_F(AdvancedTree, TextsTakeOneCompanionLoad) {
   const LONG before = calls_[companion::Call::Load];
-  PrepareAdvancedTree(*sheet_);
+  tree_ = PrepareAdvancedTree(*sheet_);
   EXPECT_EQ(calls_[companion::Call::Load] - before, 1);
 }
 

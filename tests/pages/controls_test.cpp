@@ -1,5 +1,4 @@
 // The shared routines of the pages, on controls of real pages.
-#include <commctrl.h>
 
 #include <array>
 
@@ -29,8 +28,8 @@ TEST_F(Controls, ListShowsCompanionNamesWithImages) {
   Open(kBasicPage);
   SetSelections(KW_COLORMODEL, 0, 1);
   constexpr std::array kImages{1, 2};
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false,
-                           kImages));
+  ASSERT_TRUE(
+      InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false, kImages));
   EXPECT_EQ(Text(IDC_BASIC_COLOR_MODE_LABEL), Japanese("カラーモード:"));
   EXPECT_EQ(Count(IDC_BASIC_COLOR_MODE), 2);
   EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 1);
@@ -152,8 +151,9 @@ TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
 }
 
 TEST(Strings, KeepQuotesAndJapanese) {
-  EXPECT_EQ(LoadResourceString(IDS_RESTRICTION_QUESTION),
-            Japanese("\"%s-%s\"と\"%s-%s\"を同時に指定できません。\n\"%s-%s\"を%sに変更しますか？"));
+  EXPECT_EQ(
+      LoadResourceString(IDS_RESTRICTION_QUESTION),
+      Japanese("\"%s-%s\"と\"%s-%s\"を同時に指定できません。\n\"%s-%s\"を%sに変更しますか？"));
   EXPECT_EQ(LoadResourceString(IDS_FAVORITE_FOLDER), "Zentrik\\Quorra QR");
   EXPECT_EQ(LoadResourceString(IDS_RESERVED_FAVORITE), "");
 }

@@ -1,5 +1,6 @@
 // The job page, driven by messages as its user would.
-#include <commctrl.h>
+
+#include <cstring>
 
 #include "page_sheet.h"
 #include "pages/pages.h"
@@ -73,14 +74,10 @@ TEST_F(JobPage, TextsComeFromTheCompanionModule) {
     int id;
     const char* text;
   } rows[] = {
-      {IDC_JOB_NAME_MODE_LABEL, "ジョブ名の指定:"},
-      {IDC_JOB_NAME_LABEL, "ジョブ名:"},
-      {IDC_JOB_NAME_AUTOMATIC, "自動取得"},
-      {IDC_JOB_NAME_ENTERED, "ジョブ名を入力する"},
-      {IDC_JOB_COLOR_MODE_LABEL, "カラーモード:"},
-      {IDC_JOB_PRINTER_MODE_LABEL, "プリンタモード:"},
-      {IDC_JOB_SPOOL_GROUP, "スプールオプション"},
-      {IDC_JOB_SPOOL_ONLY, "プリントせずに保存する"},
+      {IDC_JOB_NAME_MODE_LABEL, "ジョブ名の指定:"}, {IDC_JOB_NAME_LABEL, "ジョブ名:"},
+      {IDC_JOB_NAME_AUTOMATIC, "自動取得"},         {IDC_JOB_NAME_ENTERED, "ジョブ名を入力する"},
+      {IDC_JOB_COLOR_MODE_LABEL, "カラーモード:"},  {IDC_JOB_PRINTER_MODE_LABEL, "プリンタモード:"},
+      {IDC_JOB_SPOOL_GROUP, "スプールオプション"},  {IDC_JOB_SPOOL_ONLY, "プリントせずに保存する"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Text(row.id), Japanese(row.text));
@@ -143,11 +140,16 @@ TEST_F(JobPage, NotificationCodes) {
     INT_PTR answer;
     bool changes;
   } rows[] = {
-      {BN_CLICKED, IDC_JOB_NAME_AUTOMATIC, 1, true}, {CBN_SELCHANGE, IDC_JOB_COLOR_MODE, 1, true},
-      {BN_CLICKED, 9999, 1, true},                   {2, IDC_JOB_COLOR_MODE, 0, false},
-      {6, IDC_JOB_NAME_ENTERED, 0, false},           {CBN_DROPDOWN, IDC_JOB_COLOR_MODE, 1, false},
-      {CBN_CLOSEUP, IDC_JOB_COLOR_MODE, 1, false},   {CBN_SELENDOK, 9999, 1, false},
-      {CBN_SELENDCANCEL, IDC_JOB_COLOR_MODE, 0, false}, {EN_KILLFOCUS, IDC_JOB_NAME, 0, false},
+      {BN_CLICKED, IDC_JOB_NAME_AUTOMATIC, 1, true},
+      {CBN_SELCHANGE, IDC_JOB_COLOR_MODE, 1, true},
+      {BN_CLICKED, 9999, 1, true},
+      {2, IDC_JOB_COLOR_MODE, 0, false},
+      {6, IDC_JOB_NAME_ENTERED, 0, false},
+      {CBN_DROPDOWN, IDC_JOB_COLOR_MODE, 1, false},
+      {CBN_CLOSEUP, IDC_JOB_COLOR_MODE, 1, false},
+      {CBN_SELENDOK, 9999, 1, false},
+      {CBN_SELENDCANCEL, IDC_JOB_COLOR_MODE, 0, false},
+      {EN_KILLFOCUS, IDC_JOB_NAME, 0, false},
       {EN_CHANGE, IDC_JOB_COLOR_MODE, 0, false},
   };
   for (const auto& row : rows) {
@@ -210,14 +212,12 @@ TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
     EXPECT_EQ(Activate(kBasicPage), row.leaves);
     EXPECT_EQ(Page() != before, row.leaves);
     EXPECT_EQ(sheet_->jobNameMode, row.mode);
-    EXPECT_EQ(sheet_->jobName,
-              row.leaves && row.mode == JobNameMode::Entered ? name : "old name");
+    EXPECT_EQ(sheet_->jobName, row.leaves && row.mode == JobNameMode::Entered ? name : "old name");
     if (row.leaves) {
       EXPECT_TRUE(messages.empty());
     } else {
       ASSERT_EQ(messages.size(), 1u);
-      EXPECT_EQ(messages[0].text,
-                Japanese("ジョブ名は1～255バイトの文字を入力してください。"));
+      EXPECT_EQ(messages[0].text, Japanese("ジョブ名は1～255バイトの文字を入力してください。"));
       EXPECT_EQ(messages[0].caption, Japanese("警告"));
       EXPECT_EQ(messages[0].style, UINT{MB_ICONEXCLAMATION});
       EXPECT_TRUE(driver_.updates.empty());
@@ -321,9 +321,8 @@ TEST_F(JobPage, AFailedPrinterDefaultIsToldAndThePageLeft) {
   ::CheckDlgButton(Page(), IDC_JOB_PRINTER_DEFAULT, BST_CHECKED);
   EXPECT_TRUE(Activate(kBasicPage));
   ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].text,
-            Japanese("[プリンタのデフォルト]設定が保存できませんでした。\n"
-                     "プリンタのデフォルトは使用しません。"));
+  EXPECT_EQ(messages[0].text, Japanese("[プリンタのデフォルト]設定が保存できませんでした。\n"
+                                       "プリンタのデフォルトは使用しません。"));
   EXPECT_EQ(messages[0].caption, "");
   EXPECT_EQ(messages[0].style, UINT{MB_ICONEXCLAMATION});
 }
@@ -331,9 +330,9 @@ TEST_F(JobPage, AFailedPrinterDefaultIsToldAndThePageLeft) {
 // --- The dispatcher ---
 
 TEST_F(JobPage, APageWithoutSheetDoesNothing) {
-  const HWND dialog = ::CreateDialogParamA(
-      ::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_JOB_PAGE), ::GetDesktopWindow(),
-      DialogPages()[kJobPage].procedure, 0);
+  const HWND dialog =
+      ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_JOB_PAGE),
+                           ::GetDesktopWindow(), DialogPages()[kJobPage].procedure, 0);
   ASSERT_NE(dialog, nullptr);
   PSHNOTIFY notification{};
   for (const int code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {

@@ -1,7 +1,5 @@
 #include "page_sheet.h"
 
-#include <commctrl.h>
-
 #include <cstring>
 
 #include "pages/pages.h"
@@ -73,7 +71,7 @@ LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM
 }  // namespace
 
 PageSheetTest::PageSheetTest()
-    : driver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver),
+    : driverInfo_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver),
       box_(::GetModuleHandleA(nullptr), "MessageBoxA", &RecordMessage),
       beep_(::GetModuleHandleA(nullptr), "MessageBeep", &RecordBeep) {
   messages.clear();
@@ -171,7 +169,7 @@ bool PageSheetTest::CanApply() const {
 }
 
 void PageSheetTest::Apply() const {
-  ::SendMessageA(window_, PSM_APPLY, 0, 0);
+  ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(kApplyButton, BN_CLICKED), 0);
 }
 
 INT_PTR PageSheetTest::Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const {

@@ -58,7 +58,7 @@ class PageSheetTest : public SheetTest {
  private:
   HWND window_ = nullptr;
   std::vector<OPTTYPE> types_;
-  ImportPatch driver_, box_, beep_;
+  ImportPatch driverInfo_, box_, beep_;
 };
 
 // Opened with the companion module and the job page's usual selections.

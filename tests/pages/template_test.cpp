@@ -201,8 +201,8 @@ INT_PTR CALLBACK PlainDialog(HWND, UINT, WPARAM, LPARAM) {
 class TemplateTest : public testing::TestWithParam<Template> {
  protected:
   void SetUp() override {
-    frame_ = ::CreateWindowA("Static", "", WS_POPUP, 0, 0, 800, 800, nullptr, nullptr, nullptr,
-                             nullptr);
+    frame_ =
+        ::CreateWindowA("Static", "", WS_POPUP, 0, 0, 800, 800, nullptr, nullptr, nullptr, nullptr);
     dialog_ = ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(GetParam().id),
                                    frame_, &PlainDialog, 0);
     ASSERT_NE(dialog_, nullptr);
@@ -267,8 +267,7 @@ TEST_P(TemplateTest, HasExactlyItsControls) {
 
 TEST_P(TemplateTest, ListsFollowTheirLabels) {
   for (const auto& [label, list] : GetParam().lists) {
-    EXPECT_EQ(::GetWindow(::GetDlgItem(dialog_, label), GW_HWNDNEXT),
-              ::GetDlgItem(dialog_, list))
+    EXPECT_EQ(::GetWindow(::GetDlgItem(dialog_, label), GW_HWNDNEXT), ::GetDlgItem(dialog_, list))
         << label;
   }
 }
