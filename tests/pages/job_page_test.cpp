@@ -327,6 +327,38 @@ TEST_F(JobPage, AFailedPrinterDefaultIsToldAndThePageLeft) {
   EXPECT_EQ(messages[0].style, UINT{MB_ICONEXCLAMATION});
 }
 
+// --- The companion module's print option setting dialog ---
+
+class PrintOptions : public JobPage {
+ protected:
+  void OpenAndAnswer(const char* answer) {
+    SetSelections(KW_COLORMODEL, 0, 0);
+    Open(kJobPage);
+    // The controls are stored before the dialog opens, whether or not they notified the page.
+    ::CheckRadioButton(Page(), IDC_JOB_SPOOL_NONE, IDC_JOB_SPOOL_ONLY, IDC_JOB_SPOOL_AFTER_PRINT);
+    ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", answer);
+    Click(IDC_JOB_PRINT_OPTIONS);
+    ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", nullptr);
+    EXPECT_EQ(calls_[companion::Call::PrintOptionSetting], 1);
+    EXPECT_EQ(sheet_->activePage, Page());
+    EXPECT_FALSE(CanApply());
+  }
+};
+
+TEST_F(PrintOptions, OkTakesSettingsAndProfileBack) {
+  OpenAndAnswer("ok;CL_CMODE=0;profile=ZN5050B");
+  EXPECT_EQ(Selections(), (Values{1, 3, 1}));
+  EXPECT_EQ(Shown(), (Indexes{1, 3, 1}));
+  EXPECT_STREQ(sheet_->deviceProfilePath, "ZN5050B");
+}
+
+TEST_F(PrintOptions, CancelKeepsEverything) {
+  OpenAndAnswer("cancel");
+  EXPECT_EQ(Selections(), (Values{0, 3, 1}));
+  EXPECT_EQ(Shown(), (Indexes{0, 3, 1}));
+  EXPECT_STREQ(sheet_->deviceProfilePath, "");
+}
+
 // --- The dispatcher ---
 
 TEST_F(JobPage, APageWithoutSheetDoesNothing) {
