@@ -17,7 +17,6 @@ constexpr bool IsPrivate(const SettingRow& row) {
   return row.id >= KW_MAX;
 }
 
-// Two pairs of tags name one and the same field.
 // Where a field lies: extended fields by their number, behind all offsets.
 constexpr std::size_t PlaceOf(const RecordField& field) {
   constexpr std::size_t kBehindOffsets = 1 << 20;

@@ -40,6 +40,15 @@ std::uint32_t CountChoices(const OPTITEM* item) {
   }
 }
 
+// Not every file system changes the case of a name in one step.
+void Respell(const std::string& path, const std::string& wanted) {
+  const std::string between = wanted + ".tmp";
+  if (::MoveFileA(path.c_str(), between.c_str()) != FALSE &&
+      ::MoveFileA(between.c_str(), wanted.c_str()) == FALSE) {
+    ::MoveFileA(between.c_str(), path.c_str());
+  }
+}
+
 }  // namespace
 
 SheetSettings SettingsOf(SheetContext& sheet) {
@@ -149,7 +158,7 @@ void SheetFavorites::RespellFile(std::string_view name) {
   }
   for (std::size_t i = 0; i < store_.Count(); ++i) {
     if (::lstrcmpiA(store_.Name(i).c_str(), std::string(name).c_str()) == 0) {
-      ::MoveFileA(GetFavoritePath(store_.Folder(), store_.Name(i)).c_str(), wanted.c_str());
+      Respell(GetFavoritePath(store_.Folder(), store_.Name(i)), wanted);
       Refresh();
       return;
     }

@@ -1,0 +1,201 @@
+// The favourites of a sheet in the shared folder, and the print option setting dialog on the
+// sheet's settings. The companion is the stand-in beside the test program.
+#include "favorites/sheet_favorites.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "favorites/favorite_folders.h"
+#include "favorites/print_option_setting.h"
+#include "iat_patch.h"
+#include "platform/resources.h"
+#include "tests/session/sheet_fixture.h"
+
+namespace zn::test {
+namespace {
+
+using Choice = SheetFavorites::Choice;
+
+std::string g_documents;   // where the shared documents lie
+std::string g_driverPath;  // empty: the spooler does not know the driver
+
+BOOL WINAPI FakeSpecialFolder(HWND, LPSTR path, int, BOOL) {
+  std::strcpy(path, g_documents.c_str());
+  return TRUE;
+}
+
+BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD need) {
+  *need = static_cast<DWORD>(sizeof(DRIVER_INFO_2A) + g_driverPath.size() + 1);
+  if (g_driverPath.empty() || size < *need) {
+    return FALSE;
+  }
+  auto* const info = reinterpret_cast<DRIVER_INFO_2A*>(memory);
+  *info = DRIVER_INFO_2A{};
+  info->pDriverPath = reinterpret_cast<char*>(info + 1);
+  std::strcpy(info->pDriverPath, g_driverPath.c_str());
+  return TRUE;
+}
+
+std::string FolderOfProgram() {
+  char path[MAX_PATH] = "";
+  ::GetModuleFileNameA(nullptr, path, sizeof path);
+  return std::string(path, std::strrchr(path, '\\') + 1);
+}
+
+void RemoveFolder(const std::string& folder) {
+  WIN32_FIND_DATAA found;
+  const HANDLE search = ::FindFirstFileA((folder + "\\*").c_str(), &found);
+  for (BOOL more = search != INVALID_HANDLE_VALUE; more; more = ::FindNextFileA(search, &found)) {
+    const std::string name = found.cFileName;
+    const std::string path = folder + '\\' + name;
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+      ::DeleteFileA(path.c_str());
+    } else if (name != "." && name != "..") {
+      RemoveFolder(path);
+    }
+  }
+  ::FindClose(search);
+  ::RemoveDirectoryA(folder.c_str());
+}
+
+class SheetFavoritesTest : public SheetTest {
+ protected:
+  SheetFavoritesTest()
+      : specialFolder_(::GetModuleHandleA(nullptr), "SHGetSpecialFolderPathA", &FakeSpecialFolder),
+        printerDriver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver) {
+    char temp[MAX_PATH] = "";
+    ::GetTempPathA(sizeof temp, temp);
+    g_documents = std::string(temp) + "zn_sheet_" + std::to_string(::GetCurrentProcessId());
+    ::CreateDirectoryA(g_documents.c_str(), nullptr);
+    g_driverPath = FolderOfProgram() + "driver.drv";
+    SetModuleInstance(::GetModuleHandleA(nullptr));
+    sheet_->jobValues.SetDefaults();
+    for (const KeywordId id : {KW_COPIES, KW_WMSELECTION, KW_FORMNO}) {
+      sheet_->options[id] = {1, 1, 1};
+    }
+    sheet_->options[KW_SCALE] = {100, 100, 100};
+    sheet_->options[KW_PSLANGUAGELEVEL] = {3, 3, 3};
+  }
+  ~SheetFavoritesTest() override {
+    ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", nullptr);
+    SetModuleInstance(nullptr);
+    RemoveFolder(g_documents);
+  }
+
+  SheetFavorites& Favorites() { return SheetFavorites::Of(*sheet_); }
+  Choice Find(const char* name) { return Favorites().List().Find(name); }
+  std::uint32_t& operator[](KeywordId id) { return sheet_->options[id].currentSelection; }
+  static std::string PathOf(const char* name) {
+    return GetFavoritePath(GetSharedFolder(SharedFolder::Favorite), name);
+  }
+  bool RunDialog(const char* answer) {
+    ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", answer);
+    return RunPrintOptionSetting(*sheet_, nullptr);
+  }
+
+  ImportPatch specialFolder_, printerDriver_;
+};
+
+TEST_F(SheetFavoritesTest, SavesSelectsAndDeletesInTheSharedFolder) {
+  EXPECT_EQ(Favorites().List().Count(), 0U);
+  (*this)[KW_STAPLE] = 10;
+  ASSERT_TRUE(Favorites().Save("\x83\x5C fair", "comment"));
+  EXPECT_TRUE(FavoriteFileExists(PathOf("\x83\x5C fair").c_str()));
+  EXPECT_TRUE(Favorites().DiffersFrom(std::nullopt));
+  EXPECT_FALSE(Favorites().DiffersFrom(Choice(0)));
+
+  EXPECT_TRUE(Favorites().Select(std::nullopt));
+  EXPECT_EQ((*this)[KW_STAPLE], 0U);
+  EXPECT_TRUE(Favorites().DiffersFrom(Choice(0)));
+  Favorites().Refresh();
+  EXPECT_TRUE(Favorites().Select(Find("\x83\x5C fair")));
+  EXPECT_EQ((*this)[KW_STAPLE], 10U);
+
+  EXPECT_TRUE(Favorites().Delete(0));
+  EXPECT_EQ(Favorites().List().Count(), 0U);
+  EXPECT_FALSE(FavoriteFileExists(PathOf("\x83\x5C fair").c_str()));
+}
+
+TEST_F(SheetFavoritesTest, FileThatVanishedChangesNothing) {
+  (*this)[KW_STAPLE] = 10;
+  ASSERT_TRUE(Favorites().Save("fair", ""));
+  (*this)[KW_STAPLE] = 1;
+  Favorites().Refresh();
+  ASSERT_TRUE(::DeleteFileA(PathOf("fair").c_str()));
+  EXPECT_FALSE(Favorites().Select(Choice(0)));
+  EXPECT_FALSE(Favorites().DiffersFrom(Choice(0)));
+  EXPECT_FALSE(Favorites().Delete(0));
+  EXPECT_EQ((*this)[KW_STAPLE], 1U);
+  const std::vector<SettingSource> all = Favorites().LoadAll();
+  ASSERT_EQ(all.size(), 1U);
+  EXPECT_EQ(all[0].name, "fair");
+}
+
+TEST_F(SheetFavoritesTest, NameInAnotherCaseRespellsTheFile) {
+  ASSERT_TRUE(Favorites().Save("Fair", "old"));
+  ASSERT_TRUE(Favorites().Save("Other", ""));
+  ASSERT_TRUE(Favorites().Save("fair", "new"));
+  EXPECT_EQ(Favorites().List().Count(), 2U);
+  Favorites().Refresh();
+  EXPECT_FALSE(Find("Fair"));
+  ASSERT_TRUE(Find("fair"));
+  EXPECT_EQ(Favorites().Load(*Find("fair"))->comment, "new");
+}
+
+TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
+  OPTTYPE list{};
+  list.Type = TVOT_LISTBOX;
+  list.Count = 5;
+  OPTTYPE counter{};
+  counter.Type = TVOT_UDARROW;
+  counter.Count = 2;
+  items_.AddKeyword(KW_STAPLE, 0).pOptType = &list;
+  items_.AddKeyword(KW_USERCURVEIMAGE, 0).pOptType = &list;
+  items_.AddStandard(DMPUB_COPIES_COLLATE, 1).pOptType = &counter;
+  sheet_->items[KW_STAPLE] = &items_.All()[0];
+  sheet_->items[KW_USERCURVEIMAGE] = &items_.All()[1];
+  sheet_->items[KW_COPIES] = &items_.All()[2];
+  (*this)[KW_STAPLE] = 9;
+  (*this)[KW_USERCURVEIMAGE] = 90;  // the device's list, not the driver's
+  (*this)[KW_COPIES] = 12;
+  ASSERT_TRUE(Favorites().Save("fair", ""));
+  EXPECT_TRUE(Favorites().Select(std::nullopt));
+  EXPECT_TRUE(Favorites().Select(Choice(0)));
+  EXPECT_EQ((*this)[KW_STAPLE], 0U);
+  EXPECT_EQ((*this)[KW_USERCURVEIMAGE], 90U);
+  EXPECT_EQ((*this)[KW_COPIES], 12U);
+}
+
+TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
+  (*this)[KW_COLORMODEL] = 0;
+  (*this)[KW_PUNCH] = 5;  // its code alone would come back as another selection
+  (*this)[KW_STAPLE] = 99;
+  sheet_->jobValues.SetText(104, "old comment");
+  ASSERT_TRUE(RunDialog("ok;CL_CMODE=0;USR_COMT=new comment;SP_TFDPI=1200;profile=Other"));
+  EXPECT_EQ((*this)[KW_COLORMODEL], 1U);
+  EXPECT_EQ((*this)[KW_PUNCH], 5U);
+  EXPECT_EQ((*this)[KW_STAPLE], 99U);
+  EXPECT_EQ(sheet_->jobValues.GetText(104), "new comment");
+  EXPECT_EQ(sheet_->jobValues.GetTiffDPI(), 1200U);
+  EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
+}
+
+TEST_F(SheetFavoritesTest, WhatOnlyTheRecordHoldsIsThereForTheNextTime) {
+  ASSERT_TRUE(RunDialog("ok;GR_TITLE=banner;OUT_STPL=2"));
+  EXPECT_EQ(ddb::GetText(Favorites().Current().option.m_Body, ddb::TagNamed("GR_TITLE")), "banner");
+  EXPECT_EQ((*this)[KW_STAPLE], 2U);
+}
+
+TEST_F(SheetFavoritesTest, CancelledOrMissingDialogLeavesTheSheet) {
+  std::strcpy(sheet_->deviceProfilePath, "Mine");
+  EXPECT_FALSE(RunDialog("cancel"));
+  g_driverPath.clear();
+  EXPECT_FALSE(RunDialog("ok;OUT_STPL=2;profile=Other"));
+  EXPECT_EQ((*this)[KW_STAPLE], 0U);
+  EXPECT_STREQ(sheet_->deviceProfilePath, "Mine");
+}
+
+}  // namespace
+}  // namespace zn::test
