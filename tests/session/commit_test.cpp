@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/spooler.h"
+#include "session/job_values.h"
 #include "session/keyword_table.h"
 #include "session/session.h"
 #include "sheet_fixture.h"
@@ -126,8 +127,8 @@ TEST_F(CommitTest, DerivedValues) {
 TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
   Open();
   sheet_->jobNameMode = JobNameMode::Entered;
-  std::strcpy(sheet_->jobName, "report");
-  std::strcpy(sheet_->deviceProfilePath, "ZN5050");
+  CopyText(sheet_->jobName, "report");
+  CopyText(sheet_->deviceProfilePath, "ZN5050");
   sheet_->jobValues.SetText(devmode::kComment, "first\r\nsecond");
   sheet_->jobValues.SetDWord(devmode::kTiffDpi, 300);
   sheet_->jobValues.SetDWord(32, 5);  // 4304 is written by its setter only

@@ -188,7 +188,7 @@ int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMO
     return 2;
   }
   std::memset(names, 'p', 64);
-  std::strcpy(names + 64, "second");
+  std::memcpy(names + 64, "second", sizeof "second");
   return g_namesAnswer;
 }
 
