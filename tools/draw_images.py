@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Draws the module's bitmaps and icons.   draw_images.py OUTPUT_FOLDER
 
-Bitmaps are strips of equal images side by side, 8 bits a pixel, magenta transparent; icons have
+Bitmaps are strips of equal images side by side, 4 bits a pixel, magenta transparent; icons have
 32 bits a pixel with alpha. Everything is drawn on the pixel grid, so that it stays crisp.
 """
 import os
@@ -323,16 +323,16 @@ def strips():
 def bmp(images):
     size = images[0].size
     width = size * len(images)
-    stride = (width + 3) // 4 * 4
-    rows = []
+    stride = (width + 7) // 8 * 4
+    bits = b""
     for y in reversed(range(size)):
-        row = b"".join(bytes(NAMES.index(color) for color in image.pixels[y]) for image in images)
-        rows.append(row.ljust(stride, b"\0"))
-    bits = b"".join(rows)
+        row = [NAMES.index(color) for image in images for color in image.pixels[y]]
+        pairs = zip(row[::2], row[1::2])
+        bits += bytes(left << 4 | right for left, right in pairs).ljust(stride, b"\0")
     palette = b"".join(struct.pack("<BBBB", b, g, r, 0) for r, g, b in PALETTE.values())
     offset = 14 + 40 + len(palette)
     return (struct.pack("<2sIHHI", b"BM", offset + len(bits), 0, 0, offset) +
-            struct.pack("<IiiHHIIiiII", 40, width, size, 1, 8, 0, len(bits), 0, 0, len(NAMES), 0) +
+            struct.pack("<IiiHHIIiiII", 40, width, size, 1, 4, 0, len(bits), 0, 0, len(NAMES), 0) +
             palette + bits)
 
 
@@ -399,7 +399,7 @@ def main():
     folder = sys.argv[1]
     os.makedirs(folder, exist_ok=True)
     files = {name: bmp(images) for name, images in strips()}
-    files["warning16.ico"] = ico((16, 32))
+    files["warning16.ico"] = ico((16,))
     files["warning24.ico"] = ico((24, 32))
     for name, content in files.items():
         with open(os.path.join(folder, name), "wb") as file:

@@ -133,8 +133,8 @@
 #define IDC_FAVORITE_COMMENT 1227
 
 /* --- Icons --- */
-#define IDI_WARNING_16 5     /* also holds larger images; shown at 16x16 */
-#define IDI_WARNING_24 19122 /* shown at 24x24 and 32x32 */
+#define IDI_WARNING_16 5     /* 16x16 */
+#define IDI_WARNING_24 19122 /* 24x24 and 32x32 */
 
 /* --- Bitmaps: strips of images side by side, magenta is transparent --- */
 #define IDB_COLOR_MODE 1053 /* 24x24 */
