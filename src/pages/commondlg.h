@@ -56,12 +56,12 @@ class CCommonDlg {
 
   HWND window_;
   PlugInContext* context_;
-  void* unused_[2] = {};
+  void* reserved_[2] = {};  // null; they belong to the object's layout
 
  private:
   // The job page (jobpage.cpp). Getters read the controls only while the page is the active one,
   // else they answer the stored selection. A list without a selection answers nothing.
-  int InitJobName(SheetContext& sheet) const;
+  void InitJobName(SheetContext& sheet) const;
   int InitColorModel(SheetContext& sheet, bool useDefault) const;
   int InitPrinterMode(SheetContext& sheet, bool useDefault) const;
   int InitSpoolOption(SheetContext& sheet, bool useDefault) const;

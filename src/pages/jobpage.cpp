@@ -38,9 +38,10 @@ void RememberJobName(const char* text) {
 
 int CCommonDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   SheetContext* sheet = AttachSheet(page);
-  if (sheet == nullptr || InitJobName(*sheet) == 0) {
+  if (sheet == nullptr) {
     return 0;
   }
+  InitJobName(*sheet);
   return Initialize(sheet, false);
 }
 
@@ -157,7 +158,7 @@ void CCommonDlg::OpenPrintOptions(SheetContext& sheet) {
 
 // --- Job name ---
 
-int CCommonDlg::InitJobName(SheetContext& sheet) const {
+void CCommonDlg::InitJobName(SheetContext& sheet) const {
   const CompanionModule companion(sheet.hPrinter);
   SetLabelText(Control(IDC_JOB_NAME_MODE_LABEL),
                companion.GetKeywordTranslation(companion_label::kJobNameMode), true);
@@ -171,14 +172,10 @@ int CCommonDlg::InitJobName(SheetContext& sheet) const {
   CheckRadio(window_, kNameModeRadios, static_cast<std::uint32_t>(sheet.jobNameMode));
 
   const HWND edit = Control(IDC_JOB_NAME);
-  if (edit == nullptr) {
-    return 0;
-  }
   sheet.jobName[sizeof sheet.jobName - 1] = '\0';
   RememberJobName(sheet.jobName);
   ::SetWindowTextA(edit, sheet.jobName);
   ::EnableWindow(edit, sheet.jobNameMode == JobNameMode::Entered);
-  return 1;
 }
 
 bool CCommonDlg::GuardJobName() const {

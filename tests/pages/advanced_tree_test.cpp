@@ -134,6 +134,14 @@ TEST_F(AdvancedTree, LeavingStoresAndCommits) {
   EXPECT_EQ(driver_.updates[0].item, sheet_->items[KW_SCALE]);
 }
 
+TEST_F(AdvancedTree, WorksOnItsOwnItemsWhenTheCallerHasNone) {
+  CPSUICBPARAM parameters{};
+  parameters.Reason = CPSUICB_REASON_SETACTIVE;
+  sheet_->SetCurrent(KW_SCALE, 71);
+  EXPECT_EQ(tree_->pfnCallBack(&parameters), CPSUICB_ACTION_OPTIF_CHANGED);
+  EXPECT_EQ(Item(5).Sel, 71);
+}
+
 TEST_F(AdvancedTree, OtherReasons) {
   EXPECT_EQ(Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_ITEMS_APPLIED);
   EXPECT_EQ(Report(CPSUICB_REASON_OPTITEM_SETFOCUS), CPSUICB_ACTION_NONE);

@@ -1,4 +1,4 @@
-#include "pages/advanced_tree.h"
+#include "pages/advancedsettingpage.h"
 
 #include <algorithm>
 #include <array>
@@ -28,34 +28,34 @@ enum class Kind : std::uint8_t {
 struct TreeItem {
   BYTE level;
   BYTE id;
-  KeywordId keyword;   // kNoKeyword: a heading
-  WORD standardLabel;  // of the common property sheet UI; 0: the companion's `label`
-  std::uint32_t label;
+  KeywordId keyword;    // kNoKeyword: a heading
+  std::uint32_t label;  // a standard text, or below those a label of the companion module
   Kind kind;
-  WORD from, to;
   WORD options;
+  WORD from, to;
   UINT unit;  // string id of a number's unit; 0: none
 };
 
+constexpr std::uint32_t kFirstStandardText = 0xFC00;
 constexpr std::uint32_t kDocumentOptions = 351;  // companion labels of the lower two headings
 constexpr std::uint32_t kPostScriptOptions = 352;
 
 // clang-format off
 constexpr std::array kTreeItems{
-    TreeItem{0, 212, kNoKeyword,              IDS_CPSUI_GRAPHIC,      0, Kind::Heading,  IDI_CPSUI_PRINTER,    0, 0, 0},
-    TreeItem{2, 201, KW_RESOLUTION,           IDS_CPSUI_PRINTQUALITY, 0, Kind::List,     0,                    0, 2, 0},
-    TreeItem{1, 213, kNoKeyword,              IDS_CPSUI_ICM,          0, Kind::Heading,  IDI_CPSUI_ICM_OPTION, 0, 0, 0},
-    TreeItem{3, 202, KW_ICMMETHOD,            IDS_CPSUI_ICMMETHOD,    0, Kind::List,     0,                    0, 4, 0},
-    TreeItem{3, 203, KW_ICMINTENT,            IDS_CPSUI_ICMINTENT,    0, Kind::List,     0,                    0, 4, 0},
-    TreeItem{1, 204, KW_SCALE,                IDS_CPSUI_SCALING,      0, Kind::Number,   1, 1000, 2, IDS_TREE_PERCENT},
-    TreeItem{1, 205, KW_TTOPTION,             IDS_CPSUI_TTOPTION,     0, Kind::TrueType, 0,                    0, 2, 0},
-    TreeItem{0, 214, kNoKeyword, 0, kDocumentOptions,        Kind::Heading, IDI_CPSUI_OPTION,     0, 0, 0},
-    TreeItem{1, 215, kNoKeyword, 0, kPostScriptOptions,      Kind::Heading, IDI_CPSUI_POSTSCRIPT, 0, 0, 0},
-    TreeItem{3, 206, KW_PSOUTPUTOPTION,       0, KW_PSOUTPUTOPTION,       Kind::List,   0, 0, 4, 0},
-    TreeItem{3, 207, KW_TRUETYPEFONTDOWNLOAD, 0, KW_TRUETYPEFONTDOWNLOAD, Kind::List,   0, 0, 4, 0},
-    TreeItem{3, 208, KW_PSLANGUAGELEVEL,      0, KW_PSLANGUAGELEVEL,      Kind::Number, 1, 3, 2, 0},
-    TreeItem{3, 209, KW_PSSENDERRORHANDLER,   0, KW_PSSENDERRORHANDLER,   Kind::YesNo,  0, 0, 2, 0},
-    TreeItem{3, 211, KW_MIRRORPRINT,          0, KW_MIRRORPRINT,          Kind::YesNo,  0, 0, 2, 0},
+    TreeItem{0, 212, kNoKeyword,              IDS_CPSUI_GRAPHIC,       Kind::Heading,  0, IDI_CPSUI_PRINTER, 0, 0},
+    TreeItem{2, 201, KW_RESOLUTION,           IDS_CPSUI_PRINTQUALITY,  Kind::List,     2, 0, 0, 0},
+    TreeItem{1, 213, kNoKeyword,              IDS_CPSUI_ICM,           Kind::Heading,  0, IDI_CPSUI_ICM_OPTION, 0, 0},
+    TreeItem{3, 202, KW_ICMMETHOD,            IDS_CPSUI_ICMMETHOD,     Kind::List,     4, 0, 0, 0},
+    TreeItem{3, 203, KW_ICMINTENT,            IDS_CPSUI_ICMINTENT,     Kind::List,     4, 0, 0, 0},
+    TreeItem{1, 204, KW_SCALE,                IDS_CPSUI_SCALING,       Kind::Number,   2, 1, 1000, IDS_TREE_PERCENT},
+    TreeItem{1, 205, KW_TTOPTION,             IDS_CPSUI_TTOPTION,      Kind::TrueType, 2, 0, 0, 0},
+    TreeItem{0, 214, kNoKeyword,              kDocumentOptions,        Kind::Heading,  0, IDI_CPSUI_OPTION, 0, 0},
+    TreeItem{1, 215, kNoKeyword,              kPostScriptOptions,      Kind::Heading,  0, IDI_CPSUI_POSTSCRIPT, 0, 0},
+    TreeItem{3, 206, KW_PSOUTPUTOPTION,       KW_PSOUTPUTOPTION,       Kind::List,     4, 0, 0, 0},
+    TreeItem{3, 207, KW_TRUETYPEFONTDOWNLOAD, KW_TRUETYPEFONTDOWNLOAD, Kind::List,     4, 0, 0, 0},
+    TreeItem{3, 208, KW_PSLANGUAGELEVEL,      KW_PSLANGUAGELEVEL,      Kind::Number,   2, 1, 3, 0},
+    TreeItem{3, 209, KW_PSSENDERRORHANDLER,   KW_PSSENDERRORHANDLER,   Kind::YesNo,    2, 0, 0, 0},
+    TreeItem{3, 211, KW_MIRRORPRINT,          KW_MIRRORPRINT,          Kind::YesNo,    2, 0, 0, 0},
 };
 // clang-format on
 
@@ -82,7 +82,7 @@ TreeRecords& Records() {
 }
 
 // The common property sheet UI takes a text or the number of one of its own.
-LPSTR StandardText(WORD id) {
+LPSTR StandardText(std::uint32_t id) {
   return reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(id));
 }
 
@@ -147,8 +147,8 @@ void FillItem(TreeRecords& records, std::size_t index, const CompanionModule& co
   item.Level = row.level;
   item.DMPubID = row.id;
   item.UserItemID = row.id;
-  if (row.standardLabel != 0) {
-    item.pName = StandardText(row.standardLabel);
+  if (row.label >= kFirstStandardText) {
+    item.pName = StandardText(row.label);
   } else {
     records.labels[index] = companion.GetKeywordTranslation(row.label);
     item.pName = records.labels[index].data();
@@ -232,8 +232,9 @@ LONG CALLBACK CAdvancedSettingPageDlg::TreeViewProc(CPSUICBPARAM* parameters) no
   if (sheet == nullptr || parameters == nullptr) {
     return CPSUICB_ACTION_NONE;
   }
-  OPTITEM* items = parameters->pOptItem;
-  const bool isWhole = items != nullptr && parameters->cOptItem == kItemCount;
+  // The property sheet UI may work on its own copies of the records.
+  const bool hasItems = parameters->pOptItem != nullptr && parameters->cOptItem == kItemCount;
+  OPTITEM* const items = hasItems ? parameters->pOptItem : Records().items.data();
   switch (parameters->Reason) {
     case CPSUICB_REASON_SEL_CHANGED:
       if (parameters->pCurItem != nullptr) {
@@ -244,12 +245,10 @@ LONG CALLBACK CAdvancedSettingPageDlg::TreeViewProc(CPSUICBPARAM* parameters) no
       // The core driver relies on this answer: the items are applied.
       return CPSUICB_ACTION_ITEMS_APPLIED;
     case CPSUICB_REASON_SETACTIVE:
-      if (isWhole) {
-        InitSel(*sheet, items, true);
-      }
+      InitSel(*sheet, items, true);
       return CPSUICB_ACTION_OPTIF_CHANGED;
     case CPSUICB_REASON_KILLACTIVE:
-      for (std::size_t index = 0; isWhole && index < kItemCount; ++index) {
+      for (std::size_t index = 0; index < kItemCount; ++index) {
         StoreSelection(*sheet, items[index]);
       }
       CSession(sheet).CommitSession();
