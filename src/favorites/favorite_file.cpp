@@ -151,19 +151,18 @@ void ReadPrintOption(ddb::CPrintOptionEx& option, LineReader& reader) {
   reader.Skip(items.End());
 }
 
-bool WriteLine(std::FILE* file, std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), file) == text.size() &&
-         std::fputc('\n', file) != EOF;
+void WriteLine(std::string& file, std::string_view text) {
+  file.append(text).append(1, '\n');
 }
 
-bool WriteNumber(std::FILE* file, std::int32_t number) {
+void WriteNumber(std::string& file, std::int32_t number) {
   ddb::NumberText scratch;
-  return WriteLine(file, ddb::FormatInteger(number, scratch));
+  WriteLine(file, ddb::FormatInteger(number, scratch));
 }
 
-bool WriteKeyedLine(std::FILE* file, std::string_view key, std::string_view text,
+void WriteKeyedLine(std::string& file, std::string_view key, std::string_view text,
                     std::size_t maxText) {
-  return WriteLine(file, std::string(key).append(OneLine(text, true).substr(0, maxText)));
+  WriteLine(file.append(key), OneLine(text, true).substr(0, maxText));
 }
 
 }  // namespace
@@ -196,29 +195,35 @@ bool CFavoriteFileManager::LoadFavoriteFromMemory(FavoriteEntry& entry,
 }
 
 bool CFavoriteFileManager::SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path) {
-  ItemLine items(SavePrintOptionInfo(path));
-  for (const std::string_view tag : kNeverWritten) {
-    items.Remove(tag);
-  }
-  PlaceItems(entry.option, items);
-  const std::string line = items.Text();
-
+  const std::string text = SaveFavoriteToMemory(entry, ReadFile(path).value_or(""));
   UniqueFile file(std::fopen(path, "wb"));
   if (file == nullptr) {
     return false;
   }
-  const std::string_view commentKey = OrElse(keys_.comment, kCommentKey);
-  // Without a string table this line gets the other key: existing files of that kind are read so.
-  const std::string_view pageSizeKey = OrElse(keys_.pageSize, kCommentKey);
-  const bool written =
-      WriteNumber(file.get(), entry.number1) && WriteNumber(file.get(), entry.number2) &&
-      // More than one digit would be taken for the item line.
-      WriteNumber(file.get(), std::clamp(entry.number3, 0, 9)) &&
-      WriteKeyedLine(file.get(), commentKey, entry.comment, kMaxComment) && !line.empty() &&
-      WriteLine(file.get(), line) &&
-      WriteKeyedLine(file.get(), pageSizeKey, entry.pageSizeName, kMaxPageSizeName);
+  const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
   // Closing writes what is still buffered: a full disk may show only here.
   return std::fclose(file.release()) == 0 && written;
+}
+
+std::string CFavoriteFileManager::SaveFavoriteToMemory(const FavoriteEntry& entry,
+                                                       std::string_view oldFile) const {
+  ItemLine items(SavePrintOptionInfo(oldFile));
+  for (const std::string_view tag : kNeverWritten) {
+    items.Remove(tag);
+  }
+  PlaceItems(entry.option, items);
+
+  std::string file;
+  file.reserve(kFirstRead);
+  WriteNumber(file, entry.number1);
+  WriteNumber(file, entry.number2);
+  // More than one digit would be taken for the item line.
+  WriteNumber(file, std::clamp(entry.number3, 0, 9));
+  WriteKeyedLine(file, OrElse(keys_.comment, kCommentKey), entry.comment, kMaxComment);
+  WriteLine(file, items.Text());
+  // Without a string table this line gets the other key: existing files of that kind are read so.
+  WriteKeyedLine(file, OrElse(keys_.pageSize, kCommentKey), entry.pageSizeName, kMaxPageSizeName);
+  return file;
 }
 
 void CFavoriteFileManager::WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const {
@@ -231,8 +236,8 @@ void CFavoriteFileManager::WritePrintOption(const FavoriteEntry& entry, std::spa
   }
 }
 
-std::string_view CFavoriteFileManager::SavePrintOptionInfo(const char* path) {
-  LineReader reader(ReadFile(path).value_or(std::string_view{}));
+std::string_view CFavoriteFileManager::SavePrintOptionInfo(std::string_view oldFile) const {
+  LineReader reader(oldFile);
   return ReadHeader(reader, OrElse(keys_.comment, kCommentKey)) ? reader.Rest()
                                                                 : std::string_view{};
 }

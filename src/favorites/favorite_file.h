@@ -56,14 +56,18 @@ class CFavoriteFileManager {
   // was written until then stays.
   bool SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path);
 
+  // The text of that file; `oldFile` is what stands there now, empty when nothing does.
+  [[nodiscard]] std::string SaveFavoriteToMemory(const FavoriteEntry& entry,
+                                                 std::string_view oldFile) const;
+
   // The item line that a new file would get, into `out`: cut to its size, always terminated.
   void WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const;
 
  private:
-  // Both answer a view of contents_. The item line begins the second one's answer; it is empty
-  // when there is no such file yet.
+  // A view of contents_; nothing when there is no such file.
   [[nodiscard]] std::optional<std::string_view> ReadFile(const char* path);
-  [[nodiscard]] std::string_view SavePrintOptionInfo(const char* path);
+  // What begins with the old file's item line; empty when it has none.
+  [[nodiscard]] std::string_view SavePrintOptionInfo(std::string_view oldFile) const;
 
   FavoriteKeys keys_;
   std::vector<char> contents_;

@@ -113,42 +113,35 @@ std::size_t ItemLine::SizeOf(Index piece) const noexcept {
   return pieces_[piece].text.size + pieces_[piece].tabs;
 }
 
-void ItemLine::Erase(Index piece) noexcept {
-  size_ -= SizeOf(piece);
-  pieces_[piece].text.size = 0;
-  pieces_[piece].tabs = 0;
-}
-
 bool ItemLine::Place(std::string_view tag, std::string_view value) {
+  const std::size_t itemSize = tag.size() + 1 + value.size();
   const Index first = Find(tag);
-  const std::size_t added = tag.size() + 1 + value.size();
-  std::size_t removed = 0;
+  std::size_t size = first == kNone ? size_ + itemSize + kEndTabs : size_;
   for (Index piece = first; piece != kNone; piece = pieces_[piece].same) {
-    removed += SizeOf(piece);
+    size += itemSize - pieces_[piece].text.size;
   }
-  const std::uint32_t tabs =
-      first != kNone && pieces_[first].tabs != 0 ? pieces_[first].tabs : kEndTabs;
-  if (size_ - removed + added + tabs > kMaxItemLine) {
+  if (size > kMaxItemLine) {
     return false;
   }
-  const Range text = Store(tag);
+  const Range name = Store(tag);
   store_.append(1, '=').append(value);
-  const Range item{text.start, static_cast<std::uint32_t>(added)};
+  const Range item{name.start, static_cast<std::uint32_t>(itemSize)};
   if (first == kNone) {
-    Add(text, item, tabs);
+    Add(name, item, kEndTabs);
     return true;
   }
-  // A second item of the tag would bring its old value back at the next load.
-  Remove(tag);
-  pieces_[first].text = item;
-  pieces_[first].tabs = tabs;
-  size_ += SizeOf(first);
+  // A second item of the tag, too: its old value would have the last word at the next load.
+  for (Index piece = first; piece != kNone; piece = pieces_[piece].same) {
+    pieces_[piece].text = item;
+  }
+  size_ = size;
   return true;
 }
 
 void ItemLine::Remove(std::string_view tag) noexcept {
   for (Index piece = Find(tag); piece != kNone; piece = pieces_[piece].same) {
-    Erase(piece);
+    size_ -= SizeOf(piece);
+    pieces_[piece].tag.size = pieces_[piece].text.size = pieces_[piece].tabs = 0;
   }
 }
 

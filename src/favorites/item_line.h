@@ -50,7 +50,7 @@ class ItemLine {
   // Whether the line holds an item of this tag, spelled so.
   [[nodiscard]] bool Has(std::string_view tag) const noexcept { return Find(tag) != kNone; }
 
-  // Replaces the tag's item where it stands, or appends one. False, and nothing changed, when the
+  // Replaces the tag's items where they stand, or appends one. False, and nothing changed, when the
   // line would become too long.
   bool Place(std::string_view tag, std::string_view value);
 
@@ -80,7 +80,6 @@ class ItemLine {
   [[nodiscard]] Index Find(std::string_view tag) const noexcept { return slots_[Slot(tag)]; }
   void Add(Range tag, Range text, std::size_t tabs);
   [[nodiscard]] std::size_t SizeOf(Index piece) const noexcept;
-  void Erase(Index piece) noexcept;
 
   std::string store_;  // the texts of all pieces
   std::vector<Piece> pieces_;

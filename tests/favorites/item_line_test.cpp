@@ -98,7 +98,7 @@ TEST(ItemLine, PlacesItemsInTheirOldPlacesAndNewOnesBehind) {
       {"X=9\t\tA=1", {{"A", "2"}}, "X=9\t\tA=2\t\t"},
       {"X=9\tA=1\t\t\tY=8\t", {{"A", "2"}}, "X=9\tA=2\t\t\tY=8\t"},
       {"X=9\t\tjunk", {{"B", "2"}}, "X=9\t\tB=2\t\tjunk"},  // would become a part of "B"
-      {"A=1\t\tX=9\t\tA=3\t\t", {{"A", "2"}}, "A=2\t\tX=9\t\t"},
+      {"A=1\t\tX=9\t\tA=3\t\t", {{"A", "2"}}, "A=2\t\tX=9\t\tA=2\t\t"},
       {"A=1\t\t", {{"A", "2"}, {"A", "3"}}, "A=3\t\t"},
       {"A=1\t\t\nPageSize=A4\n", {{"B", "2"}}, "A=1\t\tB=2\t\t"},
       {"=5\t\t", {{"B", "2"}}, "=5\t\tB=2\t\t"},
@@ -119,7 +119,7 @@ TEST(ItemLine, RemovesEveryItemOfATag) {
   line.Remove("D");
   EXPECT_EQ(line.Text(), "B=2\t\tC=4\t\t");
   line.Place("A", "5");
-  EXPECT_EQ(line.Text(), "A=5\t\tB=2\t\tC=4\t\t");
+  EXPECT_EQ(line.Text(), "B=2\t\tC=4\t\tA=5\t\t");
 }
 
 TEST(ItemLine, StaysWithinItsBufferAndSaysWhenItIsFull) {

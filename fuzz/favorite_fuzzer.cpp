@@ -1,0 +1,54 @@
+// Favourite files of any content: loading is safe, and what was loaded comes back from the file
+// that is saved over them.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "favorites/favorite_file.h"
+#include "favorites/favorite_tag_list.h"
+#include "favorites/item_line.h"
+#include "tests/favorites/reload_check.h"
+
+namespace {
+
+void Require(bool condition) {
+  if (!condition) {
+    std::abort();
+  }
+}
+
+// Whether the line had room for every listed item; the rest keeps old values then.
+bool IsComplete(const zn::FavoriteEntry& entry, std::string_view file) {
+  for (const zn::ListedTag& tag : zn::GetFavoriteTagList()) {
+    const std::string item = std::string(tag.name) + "=";
+    if (!zn::test::ListedValue(entry, tag).empty() && file.find(item) == std::string_view::npos) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view file(reinterpret_cast<const char*>(data), size);
+  const zn::CFavoriteFileManager files;
+  zn::FavoriteEntry entry;
+  if (!files.LoadFavoriteFromMemory(entry, file)) {
+    return 0;
+  }
+  Require(entry.comment.size() <= zn::kMaxComment);
+  const std::string saved = files.SaveFavoriteToMemory(entry, file);
+  Require(saved.size() < zn::kItemLineSize + 600);
+  zn::FavoriteEntry again;
+  Require(files.LoadFavoriteFromMemory(again, saved));
+  Require(again.number1 == entry.number1 && again.number2 == entry.number2 &&
+          again.number3 == entry.number3 && again.comment == entry.comment &&
+          again.pageSizeName == entry.pageSizeName);
+  if (IsComplete(entry, saved)) {
+    Require(zn::test::LostSetting(entry, again).empty());
+  }
+  Require(files.SaveFavoriteToMemory(entry, saved) == saved);
+  return 0;
+}
