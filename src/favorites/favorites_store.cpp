@@ -59,6 +59,9 @@ const SettingSource* FavoritesStore::Load(std::size_t index, const SheetSettings
   if (!loaded_ || loaded_->name != name) {
     SettingSource& favorite = loaded_.emplace();
     TakeDefaults(favorite, sheet);
+    // A favourite that says nothing about its paper takes the sheet's, not the default one.
+    const RecordField& paper = SettingRows()[KW_PAGESIZE].field;
+    paper.Set(favorite.option, paper.NotSpecified());
     favorite.pageSizeName.clear();
     favorite.folder = folder_;
     favorite.name = name;
@@ -72,7 +75,7 @@ const SettingSource* FavoritesStore::Load(std::size_t index, const SheetSettings
 
 bool FavoritesStore::Save(std::string_view name, std::string_view comment,
                           const SheetSettings& sheet) {
-  if (!IsFavoriteName(name) || comment.size() > kMaxComment) {
+  if (folder_.empty() || !IsFavoriteName(name) || comment.size() > kMaxComment) {
     return false;
   }
   const std::optional<std::size_t> present = Find(name);

@@ -18,6 +18,7 @@ inline constexpr std::size_t kMaxFavoriteName = 27;  // bytes
 
 class FavoritesStore {
  public:
+  // `folder` without a separator at its end; empty: there is none, and nothing can be saved.
   // `extension` with its dot; `reserved` names what is no favourite, whatever the folder holds.
   FavoritesStore(std::string folder, std::string extension, FavoriteKeys keys = {},
                  std::vector<std::string> reserved = {});
@@ -32,7 +33,8 @@ class FavoritesStore {
   [[nodiscard]] std::optional<std::size_t> Find(std::string_view name) const;
 
   // The favourite's settings, or null when its file cannot be read. What the file does not hold
-  // has the sheet's default. Valid until the next call of Load, Save, Remove or SetFiles.
+  // has the sheet's default, except for the paper size, which is not specified then. Valid until
+  // the next call of Load, Save, Remove or SetFiles.
   [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
 
   // Saves the current settings under `name`: over the favourite of that name, or as a new one.

@@ -75,7 +75,9 @@ SheetFavorites::SheetFavorites(SheetContext& sheet)
 }
 
 void SheetFavorites::Refresh() {
-  store_.SetFiles(ListFavoriteFiles(store_.Folder()));
+  // Without a shared folder a search would look into the root of the drive.
+  store_.SetFiles(store_.Folder().empty() ? std::vector<std::string>()
+                                          : ListFavoriteFiles(store_.Folder()));
 }
 
 const SettingSource* SheetFavorites::Load(std::size_t index) {

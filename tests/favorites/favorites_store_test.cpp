@@ -101,6 +101,15 @@ TEST_F(FavoritesStoreTest, FileOfTheOldFormatNamesNoPaper) {
   EXPECT_EQ(sheet_[KW_PAGESIZE], 1U);
 }
 
+TEST_F(FavoritesStoreTest, FileWithoutAPaperTakesTheSheets) {
+  Write("bare.pfj", "1\n2\nOUT_STPL=1\t\t\n");
+  List();
+  sheet_[KW_PAGESIZE] = 4;
+  Apply(*Load("bare"), Reach::Favorite, sheet_.settings);
+  EXPECT_EQ(sheet_[KW_PAGESIZE], 4U);
+  EXPECT_EQ(sheet_[KW_STAPLE], 1U);
+}
+
 TEST_F(FavoritesStoreTest, UnreadableFileYieldsNothingAndHarmsNoOther) {
   Write("good.pfj", "1\n2\n3\nComment=\nOUT_STPL=3\t\t\nPageSize=A4\n");
   Write("bad.pfj", "no second line");
@@ -160,6 +169,7 @@ TEST_F(FavoritesStoreTest, RefusesWhatTheFormatCannotHold) {
   EXPECT_FALSE(Save("standard"));
   EXPECT_FALSE(Save("fair", std::string(256, 'c')));
   EXPECT_TRUE(std::filesystem::is_empty(folder_));
+  EXPECT_FALSE(FavoritesStore("", ".pfj").Save("fair", "", sheet_.settings));
   EXPECT_TRUE(Save(std::string(27, 'n'), std::string(255, 'c')));
   EXPECT_EQ(Load(std::string(27, 'n'))->comment, std::string(255, 'c'));
 }

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "favorites/favorite_folders.h"
 #include "favorites/print_option_setting.h"
@@ -23,7 +24,7 @@ std::string g_driverPath;  // empty: the spooler does not know the driver
 
 BOOL WINAPI FakeSpecialFolder(HWND, LPSTR path, int, BOOL) {
   std::strcpy(path, g_documents.c_str());
-  return TRUE;
+  return !g_documents.empty();
 }
 
 BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD need) {
@@ -142,6 +143,13 @@ TEST_F(SheetFavoritesTest, NameInAnotherCaseRespellsTheFile) {
   EXPECT_FALSE(Find("Fair"));
   ASSERT_TRUE(Find("fair"));
   EXPECT_EQ(Favorites().Load(*Find("fair"))->comment, "new");
+}
+
+TEST_F(SheetFavoritesTest, MachineWithoutSharedFolderHasNoFavourites) {
+  const std::string documents = std::exchange(g_documents, {});
+  EXPECT_EQ(Favorites().List().Count(), 0U);
+  EXPECT_FALSE(Favorites().Save("fair", ""));
+  g_documents = documents;
 }
 
 TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
