@@ -162,7 +162,7 @@ std::string GetDeletePrinterName(std::string_view printerName) {
   if (comma == std::string_view::npos) {
     ZN_TRACE_TEXT("oemui", kFunction, ", Not Found\n");
   }
-  name = name.substr(0, std::min(comma, kNameSize - 1));
+  name = name.substr(0, comma);
   return Contains(printerName, kMarker) ? GetClientAuthenticatInfo(name) : GetAuthenticatInfo(name);
 }
 

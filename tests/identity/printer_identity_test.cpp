@@ -24,6 +24,7 @@ class PrinterIdentity : public testing::Test {
 TEST_F(PrinterIdentity, KeyNameIsShortNameAndGuid) {
   Connect(",,server,printer", kGuid);
   Connect(",,server,\x95\x5c\x8e\xa6", kOtherGuid);  // a backslash as trail byte
+  Connect(",,a,\x83\x8e\xa6", "{first}");  // two characters, the second begins in the middle
   registry_.CreateKey(kConnections + "\\,,server,nothing known");
   struct Row {
     std::string printer, keyName;
@@ -37,9 +38,8 @@ TEST_F(PrinterIdentity, KeyNameIsShortNameAndGuid) {
       {"\\\\server\\unconnected", "unconnected"},
       {"\\printer", "\\printer"},
       {"\\\\server\\\x95\x5c\x8e\xa6", std::string("\x95\x5c\x8e\xa6") + kOtherGuid},
-      // Only whole characters are found: the trail byte of one is no part of another name.
+      // Only whole characters are found.
       {"\\\\server\\\x8e\xa6", std::string("\x8e\xa6") + kOtherGuid},
-      {"\\\\server\\\x5c\x8e\xa6", std::string("\x8e\xa6") + kOtherGuid},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(GetPrinterKeyName(row.printer), row.keyName) << row.printer;
@@ -83,6 +83,7 @@ TEST_F(PrinterIdentity, GuidValuesOfAllKinds) {
 TEST_F(PrinterIdentity, DeletionFindsTheKeyOfTheMerge) {
   Connect(",,server,printer", kGuid);
   Connect(",,server,\x95\x5c\x8e\xa6", kOtherGuid);
+  Connect(",,server,without guid", "");
   const std::string plain = std::string("printer") + kGuid;
   struct Row {
     std::string atMerge, atDeletion, keyName;
@@ -95,6 +96,7 @@ TEST_F(PrinterIdentity, DeletionFindsTheKeyOfTheMerge) {
       {"\\\\server\\unconnected", "\\\\server\\unconnected", "unconnected"},
       {"\\\\server\\\x95\x5c\x8e\xa6", "\\\\server\\\x95\x5c\x8e\xa6",
        std::string("\x95\x5c\x8e\xa6") + kOtherGuid},
+      {"\x95\x5c\x8e\xa6", "\x95\x5c\x8e\xa6", std::string("\x95\x5c\x8e\xa6") + kOtherGuid},
       // Client-side rendering: known by the connection's GUID or by the printer's name.
       {std::string("\\\\server\\CSR|") + kGuid, std::string("\\\\server\\CSR|") + kGuid, plain},
       {"\\\\server\\CSR|printer", "\\\\server\\CSR|printer,DrvConvert", plain},
