@@ -191,8 +191,8 @@ void PropertySheet::Open(const std::string& title) {
   window_ = reinterpret_cast<HWND>(window);
   endedWithOk_ = false;
   ::SetWindowSubclass(window_, &SheetProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
-  ::SetForegroundWindow(window_);
-  ::SetActiveWindow(window_);
+  // Wine draws the frame of a window that is active from its first moment as an inactive one's.
+  ::SendMessageA(window_, WM_NCACTIVATE, TRUE, 0);
   // Page titles that the templates brought along stand in the tabs only.
   const HWND tabs = PropSheet_GetTabControl(window_);
   for (std::size_t i = 0; i < pages_.size(); ++i) {

@@ -1,0 +1,46 @@
+// A queue of the tests' own with the sample printer's files, and hands for a sheet's controls.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "gmock/gmock.h"
+#include "host/document_sheet.h"
+#include "host/plug_in.h"
+#include "host/queue.h"
+
+namespace zn::test {
+
+class HostTest : public ::testing::Test {
+ protected:
+  // Pages in the order of the sheet.
+  enum Page { kBasicPage, kTrayPage, kWatermarkPage, kTreePage, kJobPage, kPages };
+
+  static void SetUpTestSuite();
+  static void TearDownTestSuite();
+
+  HostTest();
+  ~HostTest() override;
+
+  [[nodiscard]] host::FullDevMode Defaults() const;
+
+  std::unique_ptr<host::Queue> queue_;
+  std::unique_ptr<host::PlugIn> plugIn_;
+};
+
+// What a user does to a control; the page is told as the control would tell it.
+void Choose(HWND page, int list, int index);
+void Click(HWND page, int button);
+void Enter(HWND page, int edit, const char* text);
+
+[[nodiscard]] int Chosen(HWND page, int list);
+[[nodiscard]] bool IsChecked(HWND page, int button);
+[[nodiscard]] std::string TextOf(HWND page, int control);
+
+// The lines of a report that begin with `word` and a blank, without both.
+[[nodiscard]] std::vector<std::string> Lines(const std::string& report, const std::string& word);
+
+}  // namespace zn::test

@@ -1,0 +1,48 @@
+// znhost as its user calls it.
+#include <cstdio>
+
+#include "host/files.h"
+#include "tests/host/host_fixture.h"
+
+namespace zn::test {
+namespace {
+
+struct Outcome {
+  int code;
+  std::string output;  // both streams
+};
+
+Outcome RunHost(const std::string& words) {
+  const std::string command = "\"\"" + host::ProgramFolder() + "znhost.exe\" " + words + " 2>&1\"";
+  FILE* pipe = ::_popen(command.c_str(), "rb");
+  if (pipe == nullptr) {
+    return {-1, {}};
+  }
+  std::string output;
+  char part[256];
+  while (const std::size_t count = std::fread(part, 1, sizeof part, pipe)) {
+    output.append(part, count);
+  }
+  return {::_pclose(pipe), output};
+}
+
+TEST(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
+  for (const char* words :
+       {"", "dance", "soak", "soak 0", "soak five", "soak 1 2", "prefs --shots", "prefs --devmod x",
+        "props --devmode x", "event", "event delete", "event rename X", "install --queue"}) {
+    const Outcome outcome = RunHost(words);
+    EXPECT_EQ(outcome.code, 2) << words;
+    EXPECT_TRUE(outcome.output.starts_with("znhost: ")) << words;
+    EXPECT_EQ(std::count(outcome.output.begin(), outcome.output.end(), '\n'), 1)
+        << words << ": " << outcome.output;
+  }
+}
+
+TEST(HostProgramTest, UnknownQueueFailsInOneLine) {
+  const Outcome outcome = RunHost("prefs --queue \"no such queue\"");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.output, "znhost: no such queue: no such queue\r\n");
+}
+
+}  // namespace
+}  // namespace zn::test

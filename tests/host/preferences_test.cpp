@@ -1,0 +1,224 @@
+// The printing preferences from control to core driver and settings block, on the shipped DLL.
+#include <windows.h>
+// This must come behind windows.h.
+#include <commctrl.h>
+
+#include "host/host_ids.h"
+#include "host/report.h"
+#include "oemps/devmode.h"
+#include "res/resource_ids.h"
+#include "session/keyword_ids.h"
+#include "tests/host/host_fixture.h"
+#include "tests/support/iat_patch.h"
+
+namespace zn::test {
+namespace {
+
+using host::DocumentSheet;
+using host::FullDevMode;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+constexpr char kJobNameText[] = "\x8C\x8E\x8E\x9F\x95\xF1\x8D\x90";  // "monthly report"
+constexpr int kGray = 1;                                             // of the colour modes
+
+class PreferencesTest : public HostTest {
+ protected:
+  // Starts a sheet; it is shown when it has pages.
+  std::unique_ptr<DocumentSheet> Open(const FullDevMode& start,
+                                      const host::DocumentSheetOptions& options = {}) {
+    auto sheet = std::make_unique<DocumentSheet>(*plugIn_, *queue_, start, options);
+    if (sheet->Sheet().PageCount() > 0) {
+      sheet->Open();
+    }
+    return sheet;
+  }
+
+  static void ChangeJobPage(HWND page) {
+    Choose(page, IDC_JOB_COLOR_MODE, kGray);
+    Choose(page, IDC_JOB_PRINTER_MODE, 2);
+    Click(page, IDC_JOB_SPOOL_AFTER_PRINT);
+    Click(page, IDC_JOB_NAME_ENTERED);
+    Enter(page, IDC_JOB_NAME, kJobNameText);
+  }
+
+  std::string Report(DocumentSheet& sheet, const FullDevMode& kept) {
+    return host::SheetReport(sheet, plugIn_->Helper(), kept);
+  }
+};
+
+TEST_F(PreferencesTest, OkHandsOnExactlyWhatWasChanged) {
+  const auto sheet = Open(Defaults());
+  ASSERT_EQ(sheet->Sheet().PageCount(), kPages);
+  ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
+  sheet->Sheet().PressOk();
+  EXPECT_TRUE(sheet->Sheet().EndedWithOk());
+  const FullDevMode kept = sheet->Finish();
+
+  const std::string report = Report(*sheet, kept);
+  const auto options =
+      UnorderedElementsAre("ColorModel: CMYK -> Gray", "ZNPrinterMode: Option0 -> Option2",
+                           "ZNSpoolOption: Option0 -> Option1");
+  EXPECT_THAT(Lines(report, "update"), options);
+  EXPECT_THAT(Lines(report, "option"), options);
+  EXPECT_THAT(Lines(report, "fault:"), IsEmpty());
+  EXPECT_EQ(sheet->Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
+
+  const CDevMode& block = kept.Private().block;
+  EXPECT_EQ(block.GetDWord(devmode::kJobNameMode), 1u);
+  EXPECT_EQ(block.GetText(devmode::kJobName), kJobNameText);
+}
+
+TEST_F(PreferencesTest, StoredSettingsAreShownAgain) {
+  FullDevMode kept = Defaults();
+  {
+    const auto sheet = Open(kept);
+    ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
+    sheet->Sheet().PressOk();
+    kept = sheet->Finish();
+  }
+  queue_->Store(kept);
+  const auto sheet = Open(DocumentSheet::StartDevMode(*plugIn_, *queue_));
+  const HWND page = sheet->Sheet().ShowPage(kJobPage);
+  EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), kGray);
+  EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), 2);
+  EXPECT_TRUE(IsChecked(page, IDC_JOB_SPOOL_AFTER_PRINT));
+  EXPECT_TRUE(IsChecked(page, IDC_JOB_NAME_ENTERED));
+  EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);
+
+  // Nothing was touched, so nothing may be handed on.
+  sheet->Sheet().PressOk();
+  const FullDevMode again = sheet->Finish();
+  const std::string report = Report(*sheet, again);
+  EXPECT_THAT(Lines(report, "update"), IsEmpty());
+  EXPECT_THAT(Lines(report, "option"), IsEmpty());
+  EXPECT_THAT(Lines(report, "block"), IsEmpty());
+}
+
+TEST_F(PreferencesTest, RestoreDefaultsShowsAndStoresThem) {
+  FullDevMode start = Defaults();
+  {
+    const auto sheet = Open(start);
+    ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
+    sheet->Sheet().PressOk();
+    start = sheet->Finish();
+  }
+  const auto sheet = Open(start);
+  const HWND page = sheet->Sheet().ShowPage(kJobPage);
+  Click(page, IDC_RESTORE_DEFAULTS);
+  EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), 0);
+  EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), 0);
+  EXPECT_TRUE(IsChecked(page, IDC_JOB_SPOOL_NONE));
+  EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);  // the job name is not a default's matter
+  sheet->Sheet().PressOk();
+  const FullDevMode kept = sheet->Finish();
+  EXPECT_THAT(Lines(Report(*sheet, kept), "option"),
+              UnorderedElementsAre("ColorModel: Gray -> CMYK", "ZNPrinterMode: Option2 -> Option0",
+                                   "ZNSpoolOption: Option1 -> Option0"));
+}
+
+TEST_F(PreferencesTest, CancelKeepsWhatTheLastApplyLeft) {
+  const FullDevMode start = Defaults();
+  for (const bool apply : {false, true}) {
+    const auto sheet = Open(start);
+    HWND page = sheet->Sheet().ShowPage(kJobPage);
+    Choose(page, IDC_JOB_COLOR_MODE, kGray);
+    if (apply) {
+      sheet->Sheet().PressApply();
+      EXPECT_TRUE(sheet->Sheet().IsOpen());
+    }
+    Choose(page, IDC_JOB_PRINTER_MODE, 3);
+    ASSERT_NE(sheet->Sheet().ShowPage(kBasicPage), nullptr);  // leaving the page commits it
+    sheet->Sheet().PressCancel();
+    EXPECT_FALSE(sheet->Sheet().EndedWithOk());
+    const std::string report = Report(*sheet, sheet->Finish());
+    if (apply) {
+      EXPECT_THAT(Lines(report, "option"), ElementsAre("ColorModel: CMYK -> Gray"));
+    } else {
+      EXPECT_THAT(Lines(report, "option"), IsEmpty());
+      EXPECT_THAT(Lines(report, "block"), IsEmpty());
+    }
+  }
+}
+
+int g_warnings = 0;
+int WINAPI CountWarning(HWND, LPCSTR, LPCSTR, UINT) {
+  ++g_warnings;
+  return IDOK;
+}
+
+TEST_F(PreferencesTest, SecondSheetIsWarnedOfAndGetsNoPage) {
+  g_warnings = 0;
+  const ImportPatch messages(plugIn_->Module(), "MessageBoxA", &CountWarning);
+  {
+    const auto first = Open(Defaults());
+    ASSERT_EQ(first->Sheet().PageCount(), kPages);
+    const auto second = Open(Defaults());
+    EXPECT_EQ(second->Sheet().PageCount(), 0);
+    EXPECT_EQ(g_warnings, 1);
+    second->Finish();
+    // The first one's data must outlive the second.
+    ChangeJobPage(first->Sheet().ShowPage(kJobPage));
+    first->Sheet().PressOk();
+    EXPECT_THAT(Lines(Report(*first, first->Finish()), "option"), ::testing::SizeIs(3));
+  }
+  EXPECT_EQ(Open(Defaults())->Sheet().PageCount(), kPages);
+  EXPECT_EQ(g_warnings, 1);
+}
+
+TEST_F(PreferencesTest, EmptyJobNameKeepsTheUserOnThePage) {
+  g_warnings = 0;
+  const ImportPatch messages(plugIn_->Module(), "MessageBoxA", &CountWarning);
+  const auto sheet = Open(Defaults());
+  const HWND page = sheet->Sheet().ShowPage(kJobPage);
+  Click(page, IDC_JOB_NAME_ENTERED);
+  Enter(page, IDC_JOB_NAME, "");
+  EXPECT_EQ(sheet->Sheet().ShowPage(kBasicPage), nullptr);
+  sheet->Sheet().PressOk();
+  EXPECT_TRUE(sheet->Sheet().IsOpen());
+  EXPECT_EQ(g_warnings, 2);
+  Click(page, IDC_JOB_NAME_AUTOMATIC);
+  sheet->Sheet().PressOk();
+  EXPECT_FALSE(sheet->Sheet().IsOpen());
+}
+
+// The tree item whose text begins with `label`.
+HTREEITEM FindNode(HWND tree, HTREEITEM node, const std::string& label) {
+  for (; node != nullptr; node = TreeView_GetNextSibling(tree, node)) {
+    char text[256]{};
+    TVITEMA item{};
+    item.mask = TVIF_TEXT | TVIF_HANDLE;
+    item.hItem = node;
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    if (std::string(text).starts_with(label)) {
+      return node;
+    }
+    if (const HTREEITEM found = FindNode(tree, TreeView_GetChild(tree, node), label)) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+TEST_F(PreferencesTest, TreeEditsReachTheDriver) {
+  const auto sheet = Open(Defaults());
+  const HWND page = sheet->Sheet().ShowPage(kTreePage);
+  const HWND tree = ::GetDlgItem(page, IDC_TREE);
+  const HTREEITEM scale =
+      FindNode(tree, TreeView_GetRoot(tree), "\x8A\x67\x91\xE5\x8F\x6B\x8F\xAC: 100");
+  ASSERT_NE(scale, nullptr);
+  TreeView_SelectItem(tree, scale);
+  Enter(page, IDC_TREE_NUMBER, "1001");  // beyond the range: cannot be entered
+  Enter(page, IDC_TREE_NUMBER, "150");
+  ASSERT_NE(sheet->Sheet().ShowPage(kBasicPage), nullptr);
+  sheet->Sheet().PressOk();
+  const std::string report = Report(*sheet, sheet->Finish());
+  EXPECT_THAT(Lines(report, "update"), ElementsAre("%Scaling: 100 -> 150"));
+  EXPECT_THAT(Lines(report, "option"), ElementsAre("%Scaling: 100 -> 150"));
+}
+
+}  // namespace
+}  // namespace zn::test
