@@ -30,7 +30,7 @@ void CheckTag(const std::string& tag, std::string value, bool translate) {
   const ddb::CPrintOption before = record;
   ddb::ExchangeTag(tag.c_str(), text.data(), record, true, translate);
   Require(std::memcmp(&record.m_Body, &before.m_Body, sizeof record.m_Body) == 0);
-  const ddb::Tag* row = ddb::FindTag(tag);
+  const ddb::Tag* row = ddb::FindTag(tag.c_str());
   for (const ddb::Tag& other : ddb::kTags) {
     const bool number = other.kind != ddb::kText && other.kind != ddb::kIgnored;
     if (number && (row == nullptr || other.offset != row->offset)) {
