@@ -14,6 +14,9 @@ constexpr char UpperCase(char c) noexcept {
 }
 
 constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) noexcept {
+  if (a == b) {
+    return true;
+  }
   if (a.size() != b.size()) {
     return false;
   }
@@ -25,6 +28,22 @@ constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) noexcep
   return true;
 }
 
+// Tags differ in length, in their family's letters and at their ends; names that differ in case
+// only have one hash.
+constexpr std::uint32_t NameHash(std::string_view name) noexcept {
+  const std::size_t size = name.size();
+  auto hash = static_cast<std::uint32_t>(size);
+  if (size == 0) {
+    return hash;
+  }
+  for (const std::size_t i : {size - 1, size - (size > 1 ? 2 : 1), size - (size > 2 ? 3 : 1),
+                              size / 2, size > 4 ? 4 : size - 1, size > 3 ? 3 : size - 1}) {
+    constexpr unsigned kFoldCase = 0xDF;
+    hash = hash * 0x9E3779B1U + (static_cast<unsigned char>(name[i]) & kFoldCase);
+  }
+  return hash ^ (hash >> 15);
+}
+
 // kSlots: a power of two, well above the number of rows.
 template <std::size_t kSlots>
 class NameIndex {
@@ -34,7 +53,7 @@ class NameIndex {
     static_assert((kSlots & (kSlots - 1)) == 0);
     std::uint16_t row = 0;
     for (const auto& entry : table) {
-      std::size_t slot = Hash(entry.name) % kSlots;
+      std::size_t slot = NameHash(entry.name) % kSlots;
       while (rows_[slot] != kFree) {
         slot = (slot + 1) % kSlots;
       }
@@ -46,7 +65,8 @@ class NameIndex {
   template <class Table, class Equal>
   constexpr const typename Table::value_type* Find(const Table& table, std::string_view name,
                                                    Equal equal) const noexcept {
-    for (std::size_t slot = Hash(name) % kSlots; rows_[slot] != kFree; slot = (slot + 1) % kSlots) {
+    for (std::size_t slot = NameHash(name) % kSlots; rows_[slot] != kFree;
+         slot = (slot + 1) % kSlots) {
       if (const auto& entry = table[rows_[slot]]; equal(entry.name, name)) {
         return &entry;
       }
@@ -56,14 +76,6 @@ class NameIndex {
 
  private:
   static constexpr std::uint16_t kFree = 0xFFFF;
-
-  static constexpr std::uint32_t Hash(std::string_view name) noexcept {
-    std::uint32_t hash = 2166136261U;
-    for (const char c : name) {
-      hash = (hash ^ static_cast<unsigned char>(UpperCase(c))) * 16777619U;
-    }
-    return hash ^ (hash >> 15);
-  }
 
   static constexpr std::array<std::uint16_t, kSlots> AllFree() {
     std::array<std::uint16_t, kSlots> rows{};

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ddb/name_index.h"
+
 namespace zn {
 namespace {
 
@@ -9,49 +11,52 @@ constexpr std::size_t kMaxValue = 599;  // bytes; more than any value needs
 constexpr std::uint32_t kEndTabs = 2;
 constexpr std::size_t kSlots = 4096;  // a power of two, well above the items that a line can hold
 
-std::uint32_t Hash(std::string_view tag) noexcept {
-  std::uint32_t hash = 2166136261U;
-  for (const char c : tag) {
-    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  }
-  return hash ^ (hash >> 15);
-}
-
 }  // namespace
 
 bool ItemReader::ReadPrintOptionOne(Item& item) noexcept {
-  const std::size_t end = line_.size();
-  std::size_t at = at_;
-  while (at < end && line_[at] == '\t') {
-    ++at;
+  const std::size_t start = std::min(line_.find_first_not_of('\t', at_), line_.size());
+  at_ = start;
+  item.tag = TakeTag();
+  const bool hasTag = at_ < line_.size() && line_[at_] == '=';
+  item.value = hasTag ? TakeValue() : std::string_view{};
+  const bool ended = hasTag && at_ < line_.size() && line_[at_] == '\t';
+  item.text = line_.substr(start, at_ - start);
+  if (!ended && at_ < line_.size()) {
+    ++at_;  // the LF
   }
-  const std::size_t start = at;
-  std::size_t tagSize = 0;
-  for (; at < end && line_[at] != '=' && line_[at] != '\n'; ++at) {
-    if (line_[at] == '\t') {
-      continue;
-    }
-    if (tagSize < tag_.size()) {
-      tag_[tagSize] = line_[at];
-    }
-    ++tagSize;
-  }
-  item = {};
-  const bool hasTag = at < end && line_[at] == '=';
-  bool ended = false;
-  if (hasTag) {
-    const std::size_t valueStart = ++at;
-    while (at < end && line_[at] != '\t' && line_[at] != '\n') {
-      ++at;
-    }
-    ended = at < end && line_[at] == '\t';
-    item.tag = {tag_.data(), tagSize <= tag_.size() ? tagSize : 0};
-    item.value = line_.substr(valueStart, std::min(at - valueStart, kMaxValue));
-    item.value = item.value.substr(0, item.value.find('\0'));
-  }
-  item.text = line_.substr(start, at - start);
-  at_ = ended || at == end ? at : at + 1;
   return ended;
+}
+
+// Up to the "=" or the end of the line.
+std::string_view ItemReader::TakeTag() noexcept {
+  const std::size_t start = at_;
+  bool hasTab = false;
+  for (; at_ < line_.size() && line_[at_] != '=' && line_[at_] != '\n'; ++at_) {
+    hasTab = hasTab || line_[at_] == '\t';
+  }
+  std::string_view tag = line_.substr(start, at_ - start);
+  if (hasTab) {
+    std::size_t size = 0;
+    for (const char c : tag) {
+      if (c != '\t' && size <= ddb::kMaxTagChars) {
+        tag_[size++] = c;
+      }
+    }
+    tag = {tag_.data(), size};
+  }
+  return tag.size() <= ddb::kMaxTagChars ? tag : std::string_view{};
+}
+
+// From the "=" to the TAB or the end of the line.
+std::string_view ItemReader::TakeValue() noexcept {
+  const std::size_t start = ++at_;
+  std::size_t end = start + kMaxValue;
+  for (; at_ < line_.size() && line_[at_] != '\t' && line_[at_] != '\n'; ++at_) {
+    if (line_[at_] == '\0') {
+      end = std::min(end, at_);
+    }
+  }
+  return line_.substr(start, std::min(end, at_) - start);
 }
 
 ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
@@ -88,7 +93,7 @@ ItemLine::Range ItemLine::Store(std::string_view text) {
 }
 
 std::size_t ItemLine::Slot(std::string_view tag) const noexcept {
-  std::size_t slot = Hash(tag) % kSlots;
+  std::size_t slot = ddb::NameHash(tag) % kSlots;
   while (slots_[slot] != kNone && View(pieces_[slots_[slot]].tag) != tag) {
     slot = (slot + 1) % kSlots;
   }

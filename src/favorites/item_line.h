@@ -36,9 +36,12 @@ class ItemReader {
   [[nodiscard]] std::size_t End() const noexcept { return at_; }
 
  private:
+  std::string_view TakeTag() noexcept;
+  std::string_view TakeValue() noexcept;
+
   std::string_view line_;
   std::size_t at_ = 0;
-  std::array<char, ddb::kMaxTagChars> tag_;
+  std::array<char, ddb::kMaxTagChars + 1> tag_;  // of a tag with TABs in it
 };
 
 // An item line under construction, never longer than kMaxItemLine.
