@@ -30,6 +30,7 @@ IOemUI::IOemUI() noexcept {
 }
 
 IOemUI::~IOemUI() {
+  helper_.reset();
   RemoveLiveObject();
 }
 
@@ -103,7 +104,7 @@ HRESULT IOemUI::PublishDriverInterface(IUnknown* pIUnknown) noexcept {
     return S_OK;  // the first helper stays, whatever is offered later
   }
   if (pIUnknown == nullptr) {
-    return E_FAIL;
+    return FailWith(ERROR_INVALID_PARAMETER);
   }
   return Guarded([&] {
     void* offered = nullptr;

@@ -25,6 +25,7 @@ constexpr int kMaxMessage = 100;               // characters of the warning
 constexpr DWORD kDocumentNoPermission = 0x20;  // DM_NOPERMISSION of the sheet's flags
 
 std::int32_t g_openSheets = 0;
+bool g_isPrepared = false;  // the current context waits for its sheet
 DWORD g_ownerThread = 0;  // the thread that created the pages; 0: there are none
 
 bool MayChangeSettings(const OEMCUIPPARAM& param) noexcept {
@@ -105,11 +106,11 @@ LONG_PTR AddPages(SheetContext& sheet, const PROPSHEETUI_INFO& info, IPrintOemDr
 }
 
 LONG_PTR OpenSheet(const PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
+  if (!std::exchange(g_isPrepared, false)) {
+    return 0;
+  }
   PlugInContext& context = ThePlugInContext();
   SheetContext* sheet = context.sheet;
-  if (sheet == nullptr || sheet->hComPropSheet != nullptr) {
-    return 0;  // nothing was prepared for this sheet
-  }
   context.instance = ResourceInstance();
   sheet->hLastPage = AddPages(*sheet, info, helper);
   sheet->hComPropSheet = info.hComPropSheet;
@@ -155,8 +156,9 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
     param.cOEMOptItems = 0;
     return S_OK;
   }
-  // A sheet that was prepared and never shown is only forgotten: its heap may be gone.
+  // A context that no sheet took up is only forgotten: its heap may be gone.
   ThePlugInContext().sheet = nullptr;
+  g_isPrepared = false;
   g_ownerThread = 0;
   param.cOEMOptItems = 0;
   if (!HasJob(param)) {
@@ -168,6 +170,7 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
   }
   FillSheet(*sheet, param);
   ThePlugInContext().sheet = sheet.release();
+  g_isPrepared = true;
   for (OPTITEM& item : DriverItems(param)) {
     item.Flags |= OPTIF_HIDE;
   }
