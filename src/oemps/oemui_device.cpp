@@ -74,7 +74,7 @@ INT_PTR OpenAuthenticationManager() {
   DevicePrinter device = TheDevicePrinter();  // a copy: the dialog lets other calls in
   const UniquePrinter printer = OpenWithFullAccess(device.name);
   if (!printer) {
-    module.release();  // stays loaded on purpose
+    static_cast<void>(module.release());  // stays loaded on purpose
     return 0;
   }
   open(printer.get(), device.keyName.data(), device.mayChange);

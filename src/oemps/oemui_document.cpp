@@ -140,7 +140,7 @@ void OnDestroy(PROPSHEETUI_INFO& info) noexcept {
   if (g_ownerThread == ::GetCurrentThreadId() && context.sheet != nullptr &&
       context.sheet->hComPropSheet == info.hComPropSheet) {
     ReleasePageResources(*context.sheet);
-    UniqueSheet(std::exchange(context.sheet, nullptr));
+    const UniqueSheet ended(std::exchange(context.sheet, nullptr));
     g_ownerThread = 0;
   }
   info.Result = 1;

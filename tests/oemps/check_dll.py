@@ -36,7 +36,8 @@ def faults(headers, size):
 
 def main():
     objdump, dll = sys.argv[1:]
-    headers = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
+    headers = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True,
+                             env={**os.environ, "LC_ALL": "C"}).stdout
     found = list(faults(headers, os.path.getsize(dll)))
     for fault in found:
         print(f"{os.path.basename(dll)}: {fault}")
