@@ -1,9 +1,6 @@
 // Entry point of the DLL.
 #include <windows.h>
 
-#include <cstdlib>
-#include <exception>
-
 #include "platform/resources.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
@@ -12,13 +9,3 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserve
   }
   return TRUE;
 }
-
-namespace __gnu_cxx {
-
-// The library's own handler prints the exception's name; that brings 70 KB of demangling and
-// formatted output to a process that has no console.
-void __verbose_terminate_handler() {
-  std::abort();
-}
-
-}  // namespace __gnu_cxx
