@@ -18,9 +18,9 @@ std::string_view FormName(std::uint32_t index) {
   return GetFormsInfo(index, &name) != 0 ? name : "";
 }
 
-// The items of these are always told the first choice, or hold fewer choices than the session.
+// Their items are always told the first choice, or hold fewer choices than the session.
 bool HasChoicesBeyondItem(KeywordId id) {
-  return id == KW_PAGESIZE || std::ranges::count(kDeviceLists, id, &DeviceList::id) != 0 ||
+  return std::ranges::count(kDeviceLists, id, &DeviceList::id) != 0 ||
          std::ranges::count(kCustomColors, id, &CustomColor::id) != 0;
 }
 
@@ -56,6 +56,7 @@ SheetSettings SettingsOf(SheetContext& sheet) {
   for (KeywordId id = 0; id < KW_MAX; ++id) {
     settings.choices[id] = HasChoicesBeyondItem(id) ? 0 : CountChoices(sheet.items[id]);
   }
+  settings.choices[KW_PAGESIZE] = settings.forms.count;
   return settings;
 }
 

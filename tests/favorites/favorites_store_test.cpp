@@ -5,13 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "tests/favorites/settings_test_sheet.h"
+#include "tests/favorites/temp_folder.h"
 
 namespace zn {
 namespace {
@@ -21,22 +19,9 @@ using ::testing::HasSubstr;
 
 class FavoritesStoreTest : public ::testing::Test {
  protected:
-  FavoritesStoreTest() { std::filesystem::create_directory(folder_); }
-  ~FavoritesStoreTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-
-  void Write(const std::string& fileName, std::string_view text) {
-    std::ofstream(folder_ / fileName, std::ios::binary).write(text.data(), std::ssize(text));
-  }
-  std::string Read(const std::string& fileName) {
-    std::ifstream file(folder_ / fileName, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
   void List() {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
       names.push_back(entry.path().filename().string());
     }
     store_.SetFiles(names);
@@ -55,9 +40,8 @@ class FavoritesStoreTest : public ::testing::Test {
     return store_.Save(name, comment, sheet_.settings);
   }
 
-  std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
-                                  ("zn_favorites_" + std::to_string(std::random_device{}()));
-  FavoritesStore store_{folder_.string(), ".pfj", {}, {"standard", ""}};
+  TempFolder folder_;
+  FavoritesStore store_{folder_.Path(), ".pfj", {}, {"standard", ""}};
   test::TestSheet sheet_;
 };
 
@@ -72,16 +56,17 @@ TEST_F(FavoritesStoreTest, ListsTheFavouritesOfTheFolderInTheOrderOfTheirNames) 
 }
 
 TEST_F(FavoritesStoreTest, LoadTakesWhatTheFileHoldsAndDefaultsForTheRest) {
-  Write("fair.pfj",
-        "5\n6\n7\nComment=for the fair\nOUT_STPL=3\t\tEXT_NUP=2\t\tCL_CMODE=99\t\tNEW=1\t\t\n"
-        "PageSize=A3\n");
+  folder_.Write(
+      "fair.pfj",
+      "5\n6\n7\nComment=for the fair\nOUT_STPL=3\t\tEXT_NUP=2\t\tCL_CMODE=99\t\tNEW=1\t\t\n"
+      "PageSize=A3\n");
   List();
   sheet_.Default(KW_BRIGHTNESS) = 5;
   sheet_[KW_JOG] = 2;  // current selections are no defaults
   const SettingSource* const favorite = Load("fair");
   ASSERT_NE(favorite, nullptr);
   EXPECT_EQ(favorite->name, "fair");
-  EXPECT_EQ(favorite->folder, folder_.string());
+  EXPECT_EQ(favorite->folder, folder_.Path());
   EXPECT_EQ(favorite->comment, "for the fair");
   EXPECT_EQ(favorite->pageSizeName, "A3");
   EXPECT_EQ(favorite->number1, 5);
@@ -95,14 +80,14 @@ TEST_F(FavoritesStoreTest, LoadTakesWhatTheFileHoldsAndDefaultsForTheRest) {
 }
 
 TEST_F(FavoritesStoreTest, FileOfTheOldFormatNamesNoPaper) {
-  Write("old.pfj", "1\n2\nEXT_PGSIZE=53\t\t\n");
+  folder_.Write("old.pfj", "1\n2\nEXT_PGSIZE=53\t\t\n");
   List();
   EXPECT_EQ(Apply(*Load("old"), Reach::Favorite, sheet_.settings), PaperMatch::ByCode);
   EXPECT_EQ(sheet_[KW_PAGESIZE], 1U);
 }
 
 TEST_F(FavoritesStoreTest, FileWithoutAPaperTakesTheSheets) {
-  Write("bare.pfj", "1\n2\nOUT_STPL=1\t\t\n");
+  folder_.Write("bare.pfj", "1\n2\nOUT_STPL=1\t\t\n");
   List();
   sheet_[KW_PAGESIZE] = 4;
   Apply(*Load("bare"), Reach::Favorite, sheet_.settings);
@@ -111,23 +96,23 @@ TEST_F(FavoritesStoreTest, FileWithoutAPaperTakesTheSheets) {
 }
 
 TEST_F(FavoritesStoreTest, UnreadableFileYieldsNothingAndHarmsNoOther) {
-  Write("good.pfj", "1\n2\n3\nComment=\nOUT_STPL=3\t\t\nPageSize=A4\n");
-  Write("bad.pfj", "no second line");
+  folder_.Write("good.pfj", "1\n2\n3\nComment=\nOUT_STPL=3\t\t\nPageSize=A4\n");
+  folder_.Write("bad.pfj", "no second line");
   List();
   ASSERT_NE(Load("good"), nullptr);
   EXPECT_EQ(Load("bad"), nullptr);
-  std::filesystem::remove(folder_ / "good.pfj");
+  std::filesystem::remove(folder_.Path("good.pfj"));
   EXPECT_EQ(Load("good"), nullptr);
 }
 
 TEST_F(FavoritesStoreTest, SavesANewFavourite) {
-  Write("b.pfj", "1\n2\n3\nComment=\nOUT_STPL=3\t\t\nPageSize=A4\n");
+  folder_.Write("b.pfj", "1\n2\n3\nComment=\nOUT_STPL=3\t\t\nPageSize=A4\n");
   List();
   sheet_[KW_STAPLE] = 4;
   sheet_[KW_PAGESIZE] = 3;
   ASSERT_TRUE(Save("a", "two\r\nlines"));
   EXPECT_THAT(Names(), ElementsAre("a", "b"));
-  EXPECT_THAT(Read("a.pfj"), HasSubstr("\nPageSize=B5\n"));
+  EXPECT_THAT(folder_.Read("a.pfj"), HasSubstr("\nPageSize=B5\n"));
   ApplyDefaults(sheet_.settings);
   List();
   const SettingSource* const favorite = Load("a");
@@ -140,13 +125,13 @@ TEST_F(FavoritesStoreTest, SavesANewFavourite) {
 }
 
 TEST_F(FavoritesStoreTest, OverwritingKeepsTheHeaderAndWhatIsUnknown) {
-  Write("fair.pfj",
-        "5\n6\n7\nComment=old\nNEWER=9\t\tOUT_STPL=3\t\tST_NAME=paper\t\t\nPageSize=A4\n");
+  folder_.Write("fair.pfj",
+                "5\n6\n7\nComment=old\nNEWER=9\t\tOUT_STPL=3\t\tST_NAME=paper\t\t\nPageSize=A4\n");
   List();
   sheet_[KW_STAPLE] = 0;
   ASSERT_TRUE(Save("fair", "new"));
   EXPECT_THAT(Names(), ElementsAre("fair"));
-  const std::string file = Read("fair.pfj");
+  const std::string file = folder_.Read("fair.pfj");
   EXPECT_TRUE(file.starts_with("5\n6\n7\nComment=new\nNEWER=9\t\tOUT_STPL=0\t\tST_NAME=paper\t\t"))
       << file;
   // What was loaded before must not be what is loaded now.
@@ -154,7 +139,7 @@ TEST_F(FavoritesStoreTest, OverwritingKeepsTheHeaderAndWhatIsUnknown) {
 }
 
 TEST_F(FavoritesStoreTest, SavingOverADamagedFileMakesItWhole) {
-  Write("bad.pfj", "no second line");
+  folder_.Write("bad.pfj", "no second line");
   List();
   sheet_[KW_JOG] = 1;
   ASSERT_TRUE(Save("bad", "whole"));
@@ -168,17 +153,17 @@ TEST_F(FavoritesStoreTest, RefusesWhatTheFormatCannotHold) {
   EXPECT_FALSE(Save(""));
   EXPECT_FALSE(Save("standard"));
   EXPECT_FALSE(Save("fair", std::string(256, 'c')));
-  EXPECT_TRUE(std::filesystem::is_empty(folder_));
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
   EXPECT_FALSE(FavoritesStore("", ".pfj").Save("fair", "", sheet_.settings));
   EXPECT_TRUE(Save(std::string(27, 'n'), std::string(255, 'c')));
   EXPECT_EQ(Load(std::string(27, 'n'))->comment, std::string(255, 'c'));
 }
 
 TEST_F(FavoritesStoreTest, FailedSaveIsToldAndAddsNothing) {
-  std::filesystem::create_directory(folder_ / "taken.pfj");  // no file can be opened there
+  std::filesystem::create_directory(folder_.Path("taken.pfj"));  // no file can be opened there
   EXPECT_FALSE(Save("taken"));
   EXPECT_EQ(store_.Count(), 0U);
-  std::filesystem::remove_all(folder_);
+  std::filesystem::remove_all(folder_.Path());
   EXPECT_FALSE(Save("fair"));
   EXPECT_EQ(store_.Count(), 0U);
 }

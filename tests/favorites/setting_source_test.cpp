@@ -186,9 +186,13 @@ TEST_F(SettingSourceTest, PaperIsFoundByItsNameFirst) {
   };
   // Codes by position: 62, 53, 4, 2, 3, ...
   const std::vector<Row> rows = {
-      {"A3", 62, 4, 2, PaperMatch::ByName},      {"Custom 2", 62, 0, 6, PaperMatch::ByName},
-      {"a3", 53, 4, 4, PaperMatch::Unknown},     {"", 4, 0, 2, PaperMatch::ByCode},
-      {"", 9999, 3, 3, PaperMatch::ByCode},      {"", -1, 3, 3, PaperMatch::ByCode},
+      {"A3", 62, 4, 2, PaperMatch::ByName},
+      {"Custom 2", 62, 0, 6, PaperMatch::ByName},
+      {"a3", 53, 4, 4, PaperMatch::Unknown},
+      {"", 4, 0, 2, PaperMatch::ByCode},
+      {"", 9999, 3, 3, PaperMatch::ByCode},
+      {"", 73, 3, 3, PaperMatch::ByCode},  // beyond the printer's forms
+      {"", -1, 3, 3, PaperMatch::ByCode},
       {"Postcard", 4, 2, 0, PaperMatch::ByName},
   };
   for (const Row& row : rows) {

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <limits>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -11,6 +10,7 @@
 #include "favorites/setting_source.h"
 #include "session/keyword_table.h"
 #include "tests/favorites/settings_test_sheet.h"
+#include "tests/favorites/temp_folder.h"
 
 namespace zn {
 namespace {
@@ -67,15 +67,10 @@ std::vector<std::uint32_t> SelectionsOf(const Offer& offer, std::uint32_t most =
 
 class SettingsRoundTripTest : public ::testing::Test {
  protected:
-  ~SettingsRoundTripTest() override {
-    std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
-  }
-
   // Saves the sheet's settings as a favourite, restores the defaults, and loads the favourite.
   void SaveRestoreLoad() {
-    const std::string path = path_.string();
-    std::filesystem::remove(path_);
+    const std::string path = folder_.Path("favorite.pfj");
+    std::filesystem::remove(path);
     SettingSource saved;
     TakeCurrent(saved, sheet_.settings);
     CFavoriteFileManager files;
@@ -101,8 +96,7 @@ class SettingsRoundTripTest : public ::testing::Test {
   }
 
   test::TestSheet sheet_;
-  std::filesystem::path path_ = std::filesystem::temp_directory_path() /
-                                ("zn_favorite_" + std::to_string(std::random_device{}()) + ".pfj");
+  TempFolder folder_;
 };
 
 TEST_F(SettingsRoundTripTest, EveryOptionOfThePagesAndTheTree) {

@@ -20,6 +20,7 @@ class TestSheet {
       table_[id] = {selection, selection, selection};
     }
     settings.forms = {kForms.size(), [](std::uint32_t index) { return kForms[index]; }};
+    settings.choices[KW_PAGESIZE] = kForms.size();
   }
   TestSheet(const TestSheet&) = delete;
   TestSheet& operator=(const TestSheet&) = delete;

@@ -7,11 +7,13 @@
 #include <cstring>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "favorites/favorite_folders.h"
 #include "favorites/print_option_setting.h"
 #include "iat_patch.h"
 #include "platform/resources.h"
+#include "session/forms.h"
 #include "tests/session/sheet_fixture.h"
 
 namespace zn::test {
@@ -37,6 +39,16 @@ BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size
   info->pDriverPath = reinterpret_cast<char*>(info + 1);
   std::strcpy(info->pDriverPath, g_driverPath.c_str());
   return TRUE;
+}
+
+std::vector<const char*> g_papers;
+
+int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
+  constexpr std::size_t kNameSize = 64;
+  for (std::size_t i = 0; names != nullptr && i < g_papers.size(); ++i) {
+    std::strcpy(names + i * kNameSize, g_papers[i]);
+  }
+  return static_cast<int>(g_papers.size());
 }
 
 std::string FolderOfProgram() {
@@ -143,6 +155,24 @@ TEST_F(SheetFavoritesTest, NameInAnotherCaseRespellsTheFile) {
   EXPECT_FALSE(Find("Fair"));
   ASSERT_TRUE(Find("fair"));
   EXPECT_EQ(Favorites().Load(*Find("fair"))->comment, "new");
+}
+
+TEST_F(SheetFavoritesTest, PaperIsTheOneOfThatNameOnThisMachine) {
+  const ImportPatch capabilities(::GetModuleHandleA(nullptr), "DeviceCapabilitiesA",
+                                 &FakeDeviceCapabilities);
+  g_papers = {"A4", "A3", "B5"};
+  LoadFormNames("printer");
+  (*this)[KW_PAGESIZE] = 1;
+  ASSERT_TRUE(Favorites().Save("fair", ""));
+  g_papers = {"B5", "A4", "Letter", "A3"};
+  LoadFormNames("printer");
+  EXPECT_EQ(Favorites().Select(Choice(0)), PaperMatch::ByName);
+  EXPECT_EQ((*this)[KW_PAGESIZE], 3U);
+  g_papers = {"B5", "A4"};
+  LoadFormNames("printer");
+  (*this)[KW_PAGESIZE] = 1;
+  EXPECT_EQ(Favorites().Select(Choice(0)), PaperMatch::Unknown);
+  EXPECT_EQ((*this)[KW_PAGESIZE], 1U);
 }
 
 TEST_F(SheetFavoritesTest, MachineWithoutSharedFolderHasNoFavourites) {

@@ -25,6 +25,7 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
+  [[nodiscard]] std::string Path() const { return folder_.string(); }
   [[nodiscard]] std::string Path(const std::string& name) const {
     return (folder_ / name).string();
   }
