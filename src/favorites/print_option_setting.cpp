@@ -1,6 +1,5 @@
 #include "favorites/print_option_setting.h"
 
-#include <cstdio>
 #include <string>
 
 #include "bridge/companion.h"
@@ -20,7 +19,7 @@ void Unscramble(Password& password) {
 }
 
 void CopyPath(char (&buffer)[kCompanionPathSize], std::string_view path) {
-  std::snprintf(buffer, sizeof buffer, "%.*s", static_cast<int>(path.size()), path.data());
+  buffer[path.copy(buffer, sizeof buffer - 1)] = '\0';
 }
 
 }  // namespace

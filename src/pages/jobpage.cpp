@@ -1,7 +1,6 @@
 // The job page: job name, colour mode, printer mode, spool option, and the way to the companion
 // module's print option setting dialog.
 #include <array>
-#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -31,7 +30,7 @@ constexpr int kJobNameReadLimit = 258;
 char g_acceptedJobName[kMaxJobName + 2];
 
 void RememberJobName(const char* text) {
-  std::snprintf(g_acceptedJobName, sizeof g_acceptedJobName, "%s", text);
+  ::lstrcpynA(g_acceptedJobName, text, sizeof g_acceptedJobName);
 }
 
 }  // namespace
@@ -208,9 +207,8 @@ bool CCommonDlg::ApplyJobName(SheetContext& sheet) const {
     std::memcpy(sheet.jobName, name.c_str(), name.size() + 1);
     return true;
   }
-  char text[256];
-  std::snprintf(text, sizeof text, LoadResourceString(IDS_JOB_NAME_LENGTH).c_str(), kMinJobName,
-                kMaxJobName);
+  char text[1025];  // wsprintf writes at most 1,024 characters
+  ::wsprintfA(text, LoadResourceString(IDS_JOB_NAME_LENGTH).c_str(), kMinJobName, kMaxJobName);
   ShowMessage(window_, text, IDS_WARNING_CAPTION, MB_ICONEXCLAMATION);
   return false;
 }
