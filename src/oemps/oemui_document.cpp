@@ -26,7 +26,7 @@ constexpr DWORD kDocumentNoPermission = 0x20;  // DM_NOPERMISSION of the sheet's
 
 std::int32_t g_openSheets = 0;
 bool g_isPrepared = false;  // the current context waits for its sheet
-DWORD g_ownerThread = 0;  // the thread that created the pages; 0: there are none
+DWORD g_ownerThread = 0;    // the thread that created the pages; 0: there are none
 
 bool MayChangeSettings(const OEMCUIPPARAM& param) noexcept {
   return (param.dwFlags & kDocumentNoPermission) == 0;

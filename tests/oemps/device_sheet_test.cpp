@@ -145,16 +145,17 @@ TEST_F(DeviceSheet, AnswersTheOtherReasons) {
 }
 
 TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {
-  UserRegistry::SetText(L"Printers\\Connections\\,,server,複合機", "GuidPrinter", "{1234}");
+  const std::string name = "\x95\xA1\x8D\x87\x8B\x40";  // 複合機 in code page 932
+  registry_.SetText("Printers\\Connections\\,,server," + name, "GuidPrinter", "{1234}");
   const Companion companion;
   Record(L"\\\\server\\複合機");
   EXPECT_EQ(Click(), 1);
   EXPECT_EQ(g_world.path, "\\Windows\\System32\\spool\\drivers\\x64\\3\\Zn55psu1ui2.dll");
-  EXPECT_EQ(g_world.printerName, "\\\\server\\\x95\xA1\x8D\x87\x8B\x40");
+  EXPECT_EQ(g_world.printerName, "\\\\server\\" + name);
   EXPECT_EQ(g_world.access, DWORD{PRINTER_ALL_ACCESS});
   EXPECT_EQ(companion.Call()->count, 1);
   EXPECT_EQ(companion.Call()->printer, &g_printer);
-  EXPECT_STREQ(companion.Call()->keyName, "\x95\xA1\x8D\x87\x8B\x40{1234}");
+  EXPECT_EQ(companion.Call()->keyName, name + "{1234}");
   EXPECT_EQ(companion.Call()->mayChange, 1);
   EXPECT_EQ(g_world.closed, 1);
 }

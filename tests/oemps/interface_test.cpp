@@ -161,19 +161,6 @@ TEST_F(OemUI, KeepsTheFirstHelperOfTheRightKindUntilItsEnd) {
   EXPECT_EQ(first.references, 1U);
 }
 
-TEST_F(OemUI, LeavesToTheDriverWhatItDoesNotImplement) {
-  DWORD result = kOdd;
-  EXPECT_EQ(object_->DevQueryPrintEx(nullptr, nullptr, nullptr, nullptr), E_NOTIMPL);
-  EXPECT_EQ(object_->DeviceCapabilitiesA(nullptr, nullptr, nullptr, DC_PAPERNAMES, nullptr, nullptr,
-                                         nullptr, 1, &result),
-            E_NOTIMPL);
-  EXPECT_EQ(result, kOdd);
-  EXPECT_EQ(object_->UpgradePrinter(1, nullptr), E_NOTIMPL);
-  EXPECT_EQ(object_->DriverEvent(1, 3, nullptr, 0), E_NOTIMPL);
-  EXPECT_EQ(object_->FontInstallerDlgProc(nullptr, 0, 0, 0), E_NOTIMPL);
-  EXPECT_EQ(object_->UpdateExternalFonts(nullptr, nullptr, nullptr), E_NOTIMPL);
-}
-
 TEST_F(OemUI, ColorProfileIsTheFixedName) {
   wchar_t name[20];
   std::wmemset(name, L'x', std::size(name));
@@ -207,12 +194,12 @@ TEST_F(OemUI, ColorProfileIsTheFixedName) {
 
 TEST_F(OemUI, DeletionOfAPrinterRemovesItsUserData) {
   const UserRegistry registry;
-  const std::wstring root = L"Software\\Zentrik\\ZN Print Driver Data\\";
+  const std::string root = "Software\\Zentrik\\ZN Print Driver Data\\";
   wchar_t printer[] = L"\\\\server\\複合機";
   wchar_t unconvertible[] = L"複合機\xD800";
-  const std::wstring key = root + L"複合機";
-  UserRegistry::Create(key + L"\\UserInfo");
-  UserRegistry::Create(root + L"other\\UserInfo");
+  const std::string key = root + "\x95\xA1\x8D\x87\x8B\x40";  // 複合機 in code page 932
+  registry.CreateKey(key + "\\UserInfo");
+  registry.CreateKey(root + "other\\UserInfo");
   const std::string locale = std::setlocale(LC_CTYPE, nullptr);
 
   for (const int event : {1, 2, 3, 5, 6, 7}) {
@@ -220,11 +207,11 @@ TEST_F(OemUI, DeletionOfAPrinterRemovesItsUserData) {
   }
   EXPECT_EQ(object_->PrinterEvent(nullptr, 4, 0, 0), E_NOTIMPL);
   EXPECT_EQ(object_->PrinterEvent(unconvertible, 4, 0, 0), E_NOTIMPL);
-  EXPECT_TRUE(UserRegistry::Has(key + L"\\UserInfo"));
+  EXPECT_TRUE(registry.Has(key + "\\UserInfo"));
 
   EXPECT_EQ(object_->PrinterEvent(printer, 4, 0, 0), E_NOTIMPL);
-  EXPECT_FALSE(UserRegistry::Has(key));
-  EXPECT_TRUE(UserRegistry::Has(root + L"other\\UserInfo"));
+  EXPECT_FALSE(registry.Has(key));
+  EXPECT_TRUE(registry.Has(root + "other\\UserInfo"));
   EXPECT_EQ(std::setlocale(LC_CTYPE, nullptr), locale);
 }
 
