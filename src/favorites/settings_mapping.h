@@ -82,7 +82,6 @@ struct SettingText {
   std::uint16_t offset;  // in the block
   const ddb::Tag* tag;
   Reach reach;
-  bool password;  // may come back scrambled
 };
 [[nodiscard]] std::span<const SettingText> SettingTexts() noexcept;
 
