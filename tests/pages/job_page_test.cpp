@@ -1,5 +1,6 @@
 // The job page, driven by messages as its user would.
 
+#include <cstdio>
 #include <cstring>
 
 #include "page_sheet.h"
@@ -19,7 +20,7 @@ class JobPage : public PageSheetTest {
 
   void EnterJobName(const char* name) {
     sheet_->jobNameMode = JobNameMode::Entered;
-    std::strcpy(sheet_->jobName, name);
+    std::snprintf(sheet_->jobName, sizeof sheet_->jobName, "%s", name);
   }
   void Type(char character) const {
     ::SendMessageA(Control(IDC_JOB_NAME), WM_CHAR, static_cast<WPARAM>(character), 0);
@@ -135,9 +136,9 @@ TEST_F(JobPage, AListWithoutSelectionKeepsTheStoredValue) {
 TEST_F(JobPage, NotificationCodes) {
   Open(kJobPage);
   const struct {
-    WORD code;
+    int code;
     int id;
-    INT_PTR answer;
+    int answer;
     bool changes;
   } rows[] = {
       {BN_CLICKED, IDC_JOB_NAME_AUTOMATIC, 1, true},
@@ -194,7 +195,7 @@ TEST_F(JobPage, TheGuardCountsBytesNotCharacters) {
 TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
   const struct {
     JobNameMode mode;
-    std::size_t length;
+    int length;
     bool leaves;
   } rows[] = {{JobNameMode::Entered, 0, false},
               {JobNameMode::Entered, 1, true},
@@ -205,7 +206,7 @@ TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
     messages.clear();
     EnterJobName("old name");
     Open(kJobPage);
-    const std::string name(row.length, 'n');
+    const std::string name(static_cast<std::size_t>(row.length), 'n');
     ::SetWindowTextA(Control(IDC_JOB_NAME), name.c_str());
     Click(row.mode == JobNameMode::Entered ? IDC_JOB_NAME_ENTERED : IDC_JOB_NAME_AUTOMATIC);
     const HWND before = Page();
@@ -367,8 +368,8 @@ TEST_F(JobPage, APageWithoutSheetDoesNothing) {
                            ::GetDesktopWindow(), DialogPages()[kJobPage].procedure, 0);
   ASSERT_NE(dialog, nullptr);
   PSHNOTIFY notification{};
-  for (const int code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
-    notification.hdr.code = static_cast<UINT>(code);
+  for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
+    notification.hdr.code = code;
     EXPECT_EQ(DialogPages()[kJobPage].procedure(dialog, WM_NOTIFY, 0,
                                                 reinterpret_cast<LPARAM>(&notification)),
               0);

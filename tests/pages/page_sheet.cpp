@@ -31,40 +31,19 @@ BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD level, LPBYTE memory, DWOR
   return TRUE;
 }
 
-int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style);
-BOOL WINAPI RecordBeep(UINT);
-
-LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM second);
-
-}  // namespace
-
-std::vector<ShownMessage> PageSheetTest::messages;
-int PageSheetTest::beeps;
-std::vector<std::array<LPARAM, 3>> PageSheetTest::results;
-
-namespace {
-
-// Reaches the recordings, which are protected.
-struct Recorder : PageSheetTest {
-  using PageSheetTest::beeps;
-  using PageSheetTest::messages;
-  using PageSheetTest::results;
-  void TestBody() override {}
-};
-
 int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style) {
-  Recorder::messages.push_back({text, caption != nullptr ? caption : "(null)", style});
+  PageSheetTest::messages.push_back({text, caption != nullptr ? caption : "(null)", style});
   return IDOK;
 }
 
 BOOL WINAPI RecordBeep(UINT) {
-  ++Recorder::beeps;
+  ++PageSheetTest::beeps;
   return TRUE;
 }
 
 LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM second) {
   EXPECT_EQ(sheet, kSheetHandle);
-  Recorder::results.push_back({static_cast<LPARAM>(function), first, second});
+  PageSheetTest::results.push_back({static_cast<LPARAM>(function), first, second});
   return 1;
 }
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,12 @@ struct ShownMessage {
 };
 
 class PageSheetTest : public SheetTest {
+ public:
+  // What happened since the test began.
+  static inline std::vector<ShownMessage> messages;
+  static inline int beeps = 0;
+  static inline std::vector<std::array<LPARAM, 3>> results;  // function, page handle, result
+
  protected:
   PageSheetTest();
   ~PageSheetTest() override;
@@ -49,10 +56,6 @@ class PageSheetTest : public SheetTest {
   [[nodiscard]] std::uint32_t Current(KeywordId id) const { return sheet_->Current(id); }
   void SetSelections(KeywordId id, std::uint32_t defaultIndex, std::uint32_t currentIndex);
 
-  static std::vector<ShownMessage> messages;
-  static int beeps;
-  static std::vector<std::array<LPARAM, 3>> results;  // function, page handle, result
-
   companion::CallCounter calls_;
 
  private:
@@ -61,7 +64,7 @@ class PageSheetTest : public SheetTest {
   ImportPatch driverInfo_, box_, beep_;
 };
 
-// Opened with the companion module and the job page's usual selections.
+// With a backslash at its end.
 std::string FolderOfProgram();
 // A text of the string table's encoding from a UTF-8 literal.
 std::string Japanese(const char* utf8);
