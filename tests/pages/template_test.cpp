@@ -6,6 +6,7 @@
 #include <cctype>
 #include <cstring>
 #include <map>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -27,6 +28,10 @@ struct Template {
   std::vector<Control> controls;
   std::vector<std::pair<int, int>> lists;  // label, the list right behind it
 };
+
+void PrintTo(const Template& value, std::ostream* out) {
+  *out << value.id;
+}
 
 constexpr char kStatic[] = "Static";
 constexpr char kButton[] = "Button";
