@@ -43,7 +43,10 @@ class Satellite : public testing::Test {
     std::filesystem::create_directories(folder_);
     std::filesystem::copy_file("Zn55psu1.dll", folder_ / "Zn55psu1.dll");
   }
-  ~Satellite() override { std::filesystem::remove_all(folder_); }
+  ~Satellite() override {
+    std::error_code stillLoaded;
+    std::filesystem::remove_all(folder_, stillLoaded);
+  }
 
   void Install(const std::string& tag) {
     std::filesystem::copy_file(ZN_TEST_MODULE, folder_ / ("Zn55psu1" + tag + ".dll"));
