@@ -99,7 +99,7 @@ class FavoriteSummaryDialog {
     const int row = SelectedRow();
     const bool standard = row == kStandardRow;
     ::EnableWindow(::GetDlgItem(dialog_, IDC_DELETE_FAVORITE), !standard);
-    ::SetDlgItemTextA(dialog_, IDC_FAVORITE_COMMENT, standard ? "" : call_.favorites[row].comment);
+    ::SetDlgItemTextA(dialog_, IDC_SUMMARY_COMMENT, standard ? "" : call_.favorites[row].comment);
     ShowTree(standard ? *call_.defaults : *call_.favorites[row].settings);
   }
 

@@ -5,7 +5,6 @@
 namespace zn::test {
 namespace {
 
-using host::FeatureOption;
 using host::PrinterDescription;
 
 TEST(PrinterDescriptionTest, ReadsFeaturesInOrderWithOptionsAndDefault) {

@@ -82,12 +82,14 @@ TEST_F(SamplePrinterTest, CompanionNamesWhatThePagesShowBesides) {
 TEST_F(SamplePrinterTest, SpoolerOffersTheFormsByTheirNames) {
   const host::Feature* sizes = queue_->Description().Find("PageSize");
   ASSERT_NE(sizes, nullptr);
-  std::array<char, 64 * 64> names{};
+  using FormName = std::array<char, 64>;
+  std::array<FormName, 64> names{};
   ASSERT_EQ(::DeviceCapabilitiesA(queue_->Name().c_str(), "FILE:", DC_PAPERNAMES, nullptr, nullptr),
             43);
-  ::DeviceCapabilitiesA(queue_->Name().c_str(), "FILE:", DC_PAPERNAMES, names.data(), nullptr);
+  ::DeviceCapabilitiesA(queue_->Name().c_str(), "FILE:", DC_PAPERNAMES, names.front().data(),
+                        nullptr);
   for (std::size_t i = 0; i < sizes->options.size(); ++i) {
-    EXPECT_EQ(names.data() + i * 64, sizes->options[i].text);
+    EXPECT_EQ(std::string(names[i].data()), sizes->options[i].text);
   }
 }
 
