@@ -9,7 +9,7 @@
 #include <string>
 
 #include "oemps/user_info.h"
-#include "platform/handles.h"
+#include "platform/system_message.h"
 #include "platform/trace.h"
 
 namespace zn {
@@ -44,17 +44,6 @@ std::optional<std::string> ToMultiByte(const wchar_t* name) {
     return std::nullopt;
   }
   return std::string(text.data(), length);
-}
-
-// For traces only.
-[[maybe_unused]] std::string SystemMessage(DWORD error) {
-  char* text = nullptr;
-  ::FormatMessageA(
-      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-      nullptr, error, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&text), 0,
-      nullptr);
-  const Unique<char*, &::LocalFree> owner(text);
-  return text != nullptr ? text : "";
 }
 
 void TraceComputerName() {

@@ -6,6 +6,7 @@
 
 #include "oemps/printer_identity.h"
 #include "platform/registry.h"
+#include "platform/system_message.h"
 #include "platform/trace.h"
 
 namespace zn {
@@ -31,9 +32,13 @@ std::string PrinterKeyPath(const std::string& printerKeyName) {
   return std::string(kRootKey) + '\\' + printerKeyName;
 }
 
-// Without a key name the path would be that of the root.
+// Without a name the paths would be those of the root; the registry skips repeated backslashes.
+bool NamesPrinter(const std::string& printerKeyName) {
+  return printerKeyName.find_first_not_of('\\') != std::string::npos;
+}
+
 UniqueKey OpenUserInfo(const std::string& printerKeyName) {
-  if (printerKeyName.empty()) {
+  if (!NamesPrinter(printerKeyName)) {
     return nullptr;
   }
   return OpenUserKey(PrinterKeyPath(printerKeyName) + '\\' + kUserInfoKey, KEY_ALL_ACCESS);
@@ -49,9 +54,10 @@ std::string LogonName() {
 std::optional<std::uint32_t> ReadManagementMethod(HANDLE printer) {
   constexpr char kKey[] = "PrinterDriverData";
   constexpr char kValue[] = "ManageMethod";
+  constexpr DWORD kLargest = 64 << 10;  // the size comes from the server
   DWORD size = 0;
   const DWORD asked = ::GetPrinterDataExA(printer, kKey, kValue, nullptr, nullptr, 0, &size);
-  if ((asked != ERROR_SUCCESS && asked != ERROR_MORE_DATA) || size == 0) {
+  if ((asked != ERROR_SUCCESS && asked != ERROR_MORE_DATA) || size == 0 || size > kLargest) {
     return std::nullopt;
   }
   std::vector<BYTE> data(size);
@@ -61,14 +67,6 @@ std::optional<std::uint32_t> ReadManagementMethod(HANDLE printer) {
     return std::nullopt;
   }
   return data.front();
-}
-
-// For traces only.
-[[maybe_unused]] std::string SystemMessage(DWORD error) {
-  std::array<char, 256> text{};
-  ::FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                   text.data(), text.size(), nullptr);
-  return text.data();
 }
 
 void TraceKeyName([[maybe_unused]] const char* function,
@@ -127,7 +125,7 @@ bool OverWriteRegistryAuthenticationInfo(CDevMode& block, const PRINTER_INFO_2A&
 void PrinterEventDelete(const char* printerName) {
   const std::string printerKeyName = GetDeletePrinterName(printerName);
   TraceKeyName("PrinterEventDelete", printerKeyName);
-  if (printerKeyName.empty()) {
+  if (!NamesPrinter(printerKeyName)) {
     return;
   }
   if (const UniqueKey userInfo = OpenUserInfo(printerKeyName)) {

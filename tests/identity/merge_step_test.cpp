@@ -25,7 +25,10 @@ struct World {
   const char* printer = "\\\\server\\printer";
   DWORD attributes = kShared;
   bool fails = false;
-  DWORD printerDataError = ERROR_SUCCESS;
+  // The printer's data: the size told at first, the size and the status of the read itself.
+  DWORD dataSizeTold = 0;
+  DWORD dataSizeRead = 0;
+  DWORD dataStatus = ERROR_SUCCESS;
 };
 World g_world;
 decltype(&::GetPrinterA) g_getPrinter;
@@ -37,7 +40,7 @@ BOOL WINAPI GetPrinterOfTheWorld(HANDLE printer, DWORD level, BYTE* memory, DWOR
     return FALSE;
   }
   const BOOL told = g_getPrinter(printer, level, memory, size, need);
-  if (told != FALSE && level == 2) {
+  if (told != FALSE && level == 2 && memory != nullptr) {
     auto* info = reinterpret_cast<PRINTER_INFO_2A*>(memory);
     info->pServerName = const_cast<char*>(g_world.server);
     info->pPrinterName = const_cast<char*>(g_world.printer);
@@ -46,11 +49,15 @@ BOOL WINAPI GetPrinterOfTheWorld(HANDLE printer, DWORD level, BYTE* memory, DWOR
   return told;
 }
 
-// Lies about the size: there is data, but none comes.
-DWORD WINAPI NoPrinterData(HANDLE, const char*, const char*, DWORD*, BYTE*, DWORD size,
-                           DWORD* need) {
-  *need = size == 0 ? 4 : 0;
-  return size == 0 ? ERROR_MORE_DATA : g_world.printerDataError;
+DWORD WINAPI PrinterDataOfTheWorld(HANDLE, const char*, const char*, DWORD*, BYTE* data, DWORD size,
+                                   DWORD* need) {
+  if (data == nullptr || size == 0) {
+    *need = g_world.dataSizeTold;
+    return *need == 0 ? ERROR_SUCCESS : ERROR_MORE_DATA;
+  }
+  *data = 5;
+  *need = g_world.dataSizeRead;
+  return g_world.dataStatus;
 }
 
 class MergeStep : public testing::Test {
@@ -184,12 +191,18 @@ TEST_F(MergeStep, MethodOfThePrinter) {
 }
 
 TEST_F(MergeStep, UnreadableMethodLeavesTheUsersDataOut) {
-  const ImportPatch noData(plugIn_.Module(), "GetPrinterDataExA", &NoPrinterData);
+  const ImportPatch data(plugIn_.Module(), "GetPrinterDataExA", &PrinterDataOfTheWorld);
   StoreUserData("EnterName");
-  for (const DWORD error : {DWORD{ERROR_SUCCESS}, DWORD{ERROR_FILE_NOT_FOUND}}) {
-    g_world.printerDataError = error;
+  struct Row {
+    DWORD told, read, status;
+  };
+  for (const Row& row : {Row{0, 0, ERROR_SUCCESS}, Row{4, 0, ERROR_SUCCESS},
+                         Row{4, 4, ERROR_FILE_NOT_FOUND}, Row{0x4000'0000, 4, ERROR_SUCCESS}}) {
+    g_world.dataSizeTold = row.told;
+    g_world.dataSizeRead = row.read;
+    g_world.dataStatus = row.status;
     EXPECT_EQ(Run(), S_OK);
-    EXPECT_EQ(Merged(), Untouched(1));
+    EXPECT_EQ(Merged(), Untouched(1)) << row.told << " " << row.read;
   }
   registry_.Clear();  // without user data it counts as off
   EXPECT_EQ(Run(), S_OK);

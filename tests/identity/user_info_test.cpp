@@ -66,7 +66,8 @@ TEST_F(Deletion, NamesThatLeadToNoPrinterRemoveNothing) {
   registry_.Clear();
   registry_.SetText(kRoot + "\\UserInfo", "AccountID_User", "1");
   StoreUserData("printer");
-  for (const char* name : {"", "\\", "\\\\server\\", "\\\\server\\CSR|", ",printer"}) {
+  for (const char* name :
+       {"", "\\", "\\\\", "\\\\\\", "\\\\server\\", "\\\\server\\CSR|", ",printer"}) {
     PrinterEventDelete(name);
     EXPECT_EQ(registry_.Subkeys(kRoot), (Names{"printer", "UserInfo"})) << name;
     EXPECT_EQ(registry_.Values(kRoot + "\\UserInfo"), Names{"AccountID_User"}) << name;
