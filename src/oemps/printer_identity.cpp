@@ -151,19 +151,18 @@ std::string GetClientAuthenticatInfo(std::string_view printerName) {
 
 std::string GetDeletePrinterName(std::string_view printerName) {
   [[maybe_unused]] constexpr char kFunction[] = "GetDeletePrinterName";
-  std::string_view name = printerName;
-  const std::size_t backslash = FindText(name, "\\");
-  if (backslash == std::string_view::npos) {
-    ZN_TRACE_TEXT("oemui", kFunction, "backslash Not Found\n");
-  } else {
-    name.remove_prefix(backslash + 1);
-  }
-  const std::size_t comma = name.rfind(',');
+  const std::size_t comma = printerName.rfind(',');
   if (comma == std::string_view::npos) {
     ZN_TRACE_TEXT("oemui", kFunction, ", Not Found\n");
   }
-  name = name.substr(0, comma);
-  return Contains(printerName, kMarker) ? GetClientAuthenticatInfo(name) : GetAuthenticatInfo(name);
+  const std::string_view connection = printerName.substr(0, comma);
+  const std::size_t backslash = FindText(connection, "\\");
+  if (backslash == std::string_view::npos) {
+    ZN_TRACE_TEXT("oemui", kFunction, "backslash Not Found\n");
+  }
+  const std::string_view name = connection.substr(backslash + 1);  // npos + 1 is 0
+  // The first backslash may be the marker's own.
+  return Contains(connection, kMarker) ? GetClientAuthenticatInfo(name) : GetAuthenticatInfo(name);
 }
 
 std::string GetSearchRegistryKeyServer(const char* parentKey, std::string_view shortName) {

@@ -97,6 +97,7 @@ TEST_F(PrinterIdentity, DeletionFindsTheKeyOfTheMerge) {
       {"\\\\server\\\x95\x5c\x8e\xa6", "\\\\server\\\x95\x5c\x8e\xa6",
        std::string("\x95\x5c\x8e\xa6") + kOtherGuid},
       {"\x95\x5c\x8e\xa6", "\x95\x5c\x8e\xa6", std::string("\x95\x5c\x8e\xa6") + kOtherGuid},
+      {"\\\\server\\printer", "\\\\server\\printer,\\CSR|", plain},
       // Client-side rendering: known by the connection's GUID or by the printer's name.
       {std::string("\\\\server\\CSR|") + kGuid, std::string("\\\\server\\CSR|") + kGuid, plain},
       {"\\\\server\\CSR|printer", "\\\\server\\CSR|printer,DrvConvert", plain},
