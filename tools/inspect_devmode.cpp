@@ -2,8 +2,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "oemps/devmode.h"
 #include "tools/commands.h"

@@ -92,7 +92,9 @@ constexpr DevModeField ReservedBytes(std::uint16_t offset, std::uint16_t width) 
   return field;
 }
 
-// The choices of the device-supplied lists are named after their keyword.
+// The choices of the device-supplied lists are named after their keyword. Those at 9244, 9248 and
+// 9320 default outside their range on purpose: 0 says that nothing was chosen, until the first
+// merge.
 // clang-format off
 inline constexpr std::array kFields{
     HeaderNumber(0, kDevModeSize, "size of the block"),

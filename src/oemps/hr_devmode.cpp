@@ -35,12 +35,11 @@ HRESULT RefillAuthenticationData(CDevMode& block, HANDLE printer) {
     ZN_TRACE_TEXT(kSource, kFunction, "%s() PRINTER_INFO_2 get error\n", kFunction);
     return E_FAIL;
   }
-  if (!IsServedByAnotherComputer(*info.operator->())) {
+  if (!IsServedByAnotherComputer(*info)) {
     return S_OK;
   }
   const std::string_view name = info->pPrinterName != nullptr ? info->pPrinterName : "";
-  if (OverWriteRegistryAuthenticationInfo(block, *info.operator->(), printer,
-                                          GetPrinterKeyName(name))) {
+  if (OverWriteRegistryAuthenticationInfo(block, *info, printer, GetPrinterKeyName(name))) {
     block.SetDWord(devmode::kOverWriteFlag, 1);
     ZN_TRACE_TEXT(kSource, kFunction, "SetOverWriteFlag");
   }

@@ -39,9 +39,10 @@ class SpoolerRecord {
 
   explicit operator bool() const noexcept { return memory_.bytes != nullptr; }
 
-  [[nodiscard]] const Record* operator->() const noexcept {
-    return reinterpret_cast<const Record*>(memory_.bytes.get());
+  [[nodiscard]] const Record& operator*() const noexcept {
+    return *reinterpret_cast<const Record*>(memory_.bytes.get());
   }
+  [[nodiscard]] const Record* operator->() const noexcept { return &**this; }
 
   // How many bytes of the answer there are from `position` on; 0 when it lies outside.
   [[nodiscard]] std::size_t BytesFrom(const void* position) const noexcept {
