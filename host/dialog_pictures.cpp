@@ -72,15 +72,12 @@ void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD) {
 
 }  // namespace
 
-std::vector<PictureFile> PictureDialogs(HWND page, int button, const std::string& stem) {
-  const HWND control = ::GetDlgItem(page, button);
-  if (!::IsWindowVisible(control) || !::IsWindowEnabled(control)) {
-    return {};
-  }
-  Walk walk{::GetAncestor(page, GA_ROOT), stem, {}};
+std::vector<PictureFile> PictureDialogs(HWND sheet, const std::string& stem,
+                                        const std::function<void()>& open) {
+  Walk walk{sheet, stem, {}};
   g_walk = &walk;
   const UINT_PTR timer = ::SetTimer(nullptr, 0, kTick, &OnTick);
-  ::SendMessageA(control, BM_CLICK, 0, 0);
+  open();
   ::KillTimer(nullptr, timer);
   g_walk = nullptr;
   return walk.files;

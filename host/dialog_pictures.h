@@ -1,9 +1,10 @@
-// Pictures of the dialogs that a page's buttons open: a button is pressed, and whatever opens
-// modally is pictured, refused and so closed again.
+// Pictures of the dialogs that a page opens: whatever opens modally is pictured, refused and so
+// closed again.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,9 @@ struct PictureFile {
   std::string title;  // of the window
 };
 
-// Presses `button` of `page` (a disabled or hidden one is left alone). Files are named
-// "STEM-1.png", "STEM-2.png" ... in the order in which the windows open.
-[[nodiscard]] std::vector<PictureFile> PictureDialogs(HWND page, int button,
-                                                      const std::string& stem);
+// Runs `open`, which opens dialogs of `sheet`. Files are named "STEM-1.png", "STEM-2.png" ... in
+// the order in which the windows open.
+[[nodiscard]] std::vector<PictureFile> PictureDialogs(HWND sheet, const std::string& stem,
+                                                      const std::function<void()>& open);
 
 }  // namespace zn::host

@@ -1,5 +1,7 @@
 #include "host/plug_in.h"
 
+#include <cstdio>
+
 #include "host/host_error.h"
 
 namespace zn::host {
@@ -65,6 +67,9 @@ PlugIn::PlugIn(const std::string& path) : module_(::LoadLibraryA(path.c_str())) 
 
 PlugIn::~PlugIn() {
   object_.reset();
+  if (helper_.References() != 0) {
+    std::fprintf(stderr, "znhost: the plug-in kept %ld references\n", helper_.References());
+  }
   // Asked for form's sake: the driver frees the library whatever the answer.
   if (const auto ask =
           reinterpret_cast<CanUnloadNow>(::GetProcAddress(module_.get(), "DllCanUnloadNow"))) {

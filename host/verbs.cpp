@@ -61,16 +61,33 @@ void PumpFor(PropertySheet& sheet, DWORD milliseconds) {
   }
 }
 
-// A button of a page (counted from 0) that opens dialogs.
-struct DialogButton {
+// A control of a page (counted from 0) that opens dialogs: a button, or a list whose last entry
+// does.
+struct DialogOpener {
   int page;
-  int button;
+  int control;
+  bool list;
+  const char* name;
 };
-constexpr DialogButton kPreferencesDialogs[] = {
-    {0, IDC_SAVE_FAVORITE},      {0, IDC_LIST_FAVORITES},       {0, IDC_BASIC_EDIT_SIZE},
-    {1, IDC_TRAY_AUTO_SETTINGS}, {1, IDC_TRAY_BYPASS_SETTINGS}, {4, IDC_JOB_PRINT_OPTIONS},
+constexpr DialogOpener kPreferencesDialogs[] = {
+    {0, IDC_SAVE_FAVORITE, false, "save"},          {0, IDC_LIST_FAVORITES, false, "favorites"},
+    {0, IDC_BASIC_PAGE_SIZE, true, "custom-size"},  {1, IDC_TRAY_AUTO_SETTINGS, false, "auto-tray"},
+    {1, IDC_TRAY_BYPASS_SETTINGS, false, "bypass"}, {4, IDC_JOB_PRINT_OPTIONS, false, "options"},
 };
-constexpr DialogButton kPropertiesDialogs[] = {{0, IDC_DEVICE_AUTHENTICATION}};
+constexpr DialogOpener kPropertiesDialogs[] = {
+    {0, IDC_DEVICE_AUTHENTICATION, false, "authentication"}};
+
+void OpenDialog(HWND page, const DialogOpener& opener) {
+  const HWND control = ::GetDlgItem(page, opener.control);
+  if (!opener.list) {
+    ::SendMessageA(control, BM_CLICK, 0, 0);
+    return;
+  }
+  const LRESULT count = ::SendMessageA(control, CB_GETCOUNT, 0, 0);
+  ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(count - 1), 0);
+  ::SendMessageA(page, WM_COMMAND, MAKEWPARAM(opener.control, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(control));
+}
 
 void PrintPicture(const std::string& file, const std::string& title) {
   std::printf("picture %s: %s\n", file.c_str(), title.c_str());
@@ -79,7 +96,7 @@ void PrintPicture(const std::string& file, const std::string& title) {
 // Shows every page and writes a picture of each and of the dialogs that it opens; then cancels
 // the sheet.
 void TakePictures(PropertySheet& sheet, const std::string& folder, const char* name,
-                  std::span<const DialogButton> dialogs) {
+                  std::span<const DialogOpener> dialogs) {
   for (int index = 0; index < sheet.PageCount(); ++index) {
     const HWND page = sheet.ShowPage(index);
     if (page == nullptr) {
@@ -89,10 +106,11 @@ void TakePictures(PropertySheet& sheet, const std::string& folder, const char* n
     const std::string stem = folder + "\\" + name + "-" + std::to_string(index + 1);
     SaveScreenshot(sheet.Window(), stem + ".png");
     PrintPicture(stem + ".png", sheet.PageTitle(index));
-    for (const auto& [owner, button] : dialogs) {
-      if (owner == index) {
+    for (const DialogOpener& opener : dialogs) {
+      if (opener.page == index) {
         for (const auto& [file, title] :
-             PictureDialogs(page, button, stem + "-" + std::to_string(button))) {
+             PictureDialogs(sheet.Window(), stem + "-" + opener.name,
+                            [page, &opener] { OpenDialog(page, opener); })) {
           PrintPicture(file, title);
         }
       }

@@ -142,6 +142,14 @@ TEST_F(PreferencesTest, CancelKeepsWhatTheLastApplyLeft) {
   }
 }
 
+TEST_F(PreferencesTest, DriverNoticesWhatItWasNotTold) {
+  const auto sheet = Open(Defaults());
+  sheet->Items().Find("ZNFold")->Sel = 1;
+  sheet->Sheet().PressOk();
+  EXPECT_THAT(Lines(Report(*sheet, sheet->Finish()), "fault:"),
+              ElementsAre("ZNFold changed without DrvUpdateUISetting"));
+}
+
 int g_warnings = 0;
 int WINAPI CountWarning(HWND, LPCSTR, LPCSTR, UINT) {
   ++g_warnings;
