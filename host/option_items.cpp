@@ -112,6 +112,10 @@ void OptionItems::SetDefaults(const PrinterDescription& description, FullDevMode
   for (const StandardItem& item : kStandardItems) {
     selections.publicItems[item.publicItem] = item.defaultSelection;
   }
+  DriverPrivateDevMode& driver = devmode.Private().driver;
+  driver.psLanguageLevel = 3;
+  driver.customPaperWidth = 210'000;  // A4
+  driver.customPaperHeight = 297'000;
 }
 
 void OptionItems::AddHeading(BYTE level, const wchar_t* name) {

@@ -38,6 +38,12 @@ TEST(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
   }
 }
 
+TEST(HostProgramTest, PrinterEventIsHandedOn) {
+  const Outcome outcome = RunHost("event delete \"ZN No Such Printer\"");
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.output, "event delete ZN No Such Printer: 0x80004001\r\n");  // E_NOTIMPL
+}
+
 TEST(HostProgramTest, UnknownQueueFailsInOneLine) {
   const Outcome outcome = RunHost("prefs --queue \"no such queue\"");
   EXPECT_EQ(outcome.code, 1);
