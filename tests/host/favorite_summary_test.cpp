@@ -8,6 +8,7 @@
 
 #include "bridge/companion.h"
 #include "companion/companion_ids.h"
+#include "ddb/print_option.h"
 #include "platform/resources.h"
 #include "session/keyword_ids.h"
 #include "tests/host/dialog_driver.h"
