@@ -4,12 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "ddb/tag_text.h"
+#include "tests/ddb/body_bytes.h"
 
 namespace ddb {
 namespace {
@@ -19,10 +19,9 @@ constexpr PersistentSize kExtendedSize = 19112;
 
 // The value text of a tag, over a buffer that shows when nothing was written.
 std::string Written(CPrintOption& record, const char* tag) {
-  std::array<char, kValueTextSize> text;
-  std::strcpy(text.data(), "(untouched)");
-  ExchangeTag(tag, text.data(), record, false, true);
-  return text.data();
+  char text[kValueTextSize] = "(untouched)";
+  ExchangeTag(tag, text, record, false, true);
+  return text;
 }
 
 TEST(PrintOption, StartsWithTheDefaultsOfItsFamilies) {
@@ -143,7 +142,7 @@ TEST(PrintOption, ImageHoldsExtensionThenBodyAndNothingElse) {
 
   CPrintOptionEx to(false);
   to.LoadFrom(image.data(), size);
-  EXPECT_EQ(std::memcmp(&to.m_Body, &from.m_Body, sizeof to.m_Body), 0);
+  EXPECT_TRUE(BytesOf(to.m_Body) == BytesOf(from.m_Body));
   EXPECT_EQ(std::memcmp(&to.m_Extension, &from.m_Extension, sizeof to.m_Extension), 0);
   EXPECT_EQ(to.m_Extended[EXT_NUP], 0);
   EXPECT_FALSE(to.m_JapaneseCodePage);

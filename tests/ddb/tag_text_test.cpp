@@ -8,6 +8,7 @@
 #include <random>
 #include <string>
 #include <vector>
+#include "tests/ddb/body_bytes.h"
 
 namespace ddb {
 namespace {
@@ -83,7 +84,7 @@ TEST(ExchangeTag, UnknownTagsLeaveTheRecordAlone) {
   for (const char* tag : {"EXT_NUP", "PG_SIZEX", "PG_SIZEY", "PG-NUMBR", "BUILD_COVER_REVERSEX"}) {
     Read(record, tag, "5");
   }
-  EXPECT_EQ(std::memcmp(&record.m_Body, &fresh.m_Body, sizeof record.m_Body), 0);
+  EXPECT_TRUE(BytesOf(record.m_Body) == BytesOf(fresh.m_Body));
 }
 
 TEST(ExchangeTag, MarkIsRaisedByReadingTheMarkedTexts) {
@@ -193,7 +194,7 @@ TEST(ExchangeTag, EveryTagKeepsItsOwnValueAmongAllOthers) {
       Read(to, tag, Written(from, tag));
     }
   }
-  EXPECT_EQ(std::memcmp(&to.m_Body, &from.m_Body, sizeof to.m_Body), 0);
+  EXPECT_TRUE(BytesOf(to.m_Body) == BytesOf(from.m_Body));
 }
 
 TEST(ExchangeTag, RendersNoMoreThanTheFieldWithoutItsTerminator) {

@@ -72,8 +72,8 @@ TEST(FavoriteFile, LoadsWhatItHoldsAndLeavesTheRest) {
       {std::string(255, '0') + "\n2\n", "0|2|3|old comment|old size|0"},
       {std::string(256, '0') + "\n2\n", nullptr},
       {"1\n" + std::string(256, '0') + "\n", nullptr},
-      {std::string("1\0009\n2\n5\0\nComment=a\0b\n", 22), "1|2|3|old comment|old size|0"},
-      {std::string("1\n2\n5\nComment=a\0b\n\n", 20), "1|2|5|a|old size|0"},
+      {std::string("1\0009\n2\n5\0\nComment=a\0b\n", 21), "1|2|3|old comment|old size|0"},
+      {std::string("1\n2\n5\nComment=a\0b\n\n", 19), "1|2|5|a|old size|0"},
       {"1\r\n2\r\nEXT_NUP=4\t\t\r\n", "1|2|3|old comment|old size|4"},
   };
   for (const Row& row : rows) {
