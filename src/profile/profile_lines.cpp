@@ -123,7 +123,7 @@ void TakeFlags(std::string_view line, NextCharacter& underscore, CProfileInfo::I
       named |= FlagsNamedBy(Between(at + 1, end));
     }
   }
-  if (std::popcount(named) > 1) {
+  if ((named & (named - 1)) != 0) {  // several; counting the bits would call a library function
     named = RuleOut(named, line);
   }
   for (; named != 0; named &= named - 1) {

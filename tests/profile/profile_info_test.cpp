@@ -6,6 +6,7 @@
 
 #include <array>
 #include <climits>
+#include <clocale>
 #include <string>
 
 #include "platform/trace.h"
@@ -17,6 +18,7 @@ namespace {
 
 using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::StartsWith;
 
 constexpr unsigned kJapanese = 932;
 constexpr std::uint32_t kUntouched = 0xEEEEEEEE;
@@ -220,6 +222,27 @@ TEST_F(ProfileInfoTest, ListsOfAnotherLengthAreLeftAlone) {
   EXPECT_EQ(profile_.GetOutputConfig(nullptr, 5), 0);
   EXPECT_EQ(profile_.GetPunchConfig(nullptr, 3), 0);
 }
+
+#ifdef _WIN32
+TEST_F(ProfileInfoTest, TheCodePagePicksTheLocale) {
+  const struct {
+    unsigned codePage;
+    std::string_view locale;
+  } rows[] = {{932, "Japanese"},
+              {936, "Chinese (Simplified)"},
+              {949, "Korean"},
+              {950, "Chinese (Traditional)"}};
+  for (const auto& row : rows) {
+    std::setlocale(LC_ALL, "C");
+    EXPECT_FALSE(profile_.ReadProfile("", row.codePage));
+    EXPECT_THAT(std::setlocale(LC_ALL, nullptr), StartsWith(row.locale)) << row.codePage;
+  }
+  const std::string byDefault = std::setlocale(LC_ALL, "");
+  std::setlocale(LC_ALL, "C");
+  EXPECT_FALSE(profile_.ReadProfile("", 1252));
+  EXPECT_EQ(std::setlocale(LC_ALL, nullptr), byDefault);
+}
+#endif
 
 #ifdef ZN_TRACE
 std::string traced;
