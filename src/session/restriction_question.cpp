@@ -142,6 +142,7 @@ int CheckRestriction(HWND window, SheetContext& sheet, restriction::Group group,
 
 bool ResolveRestrictions(SheetContext& sheet, const RestrictedChange& change) {
   constexpr int kMostRounds = 6;
+  bool putBack = false;
   for (int round = 0; round < kMostRounds; ++round) {
     int answer = 0;
     KeywordId other = kNoKeyword;
@@ -151,14 +152,17 @@ bool ResolveRestrictions(SheetContext& sheet, const RestrictedChange& change) {
     if (answer != IDOK && answer != IDCANCEL) {
       return false;
     }
-    if (answer == IDCANCEL || other == kNoKeyword || !RestoreDefaults(sheet, other)) {
-      break;
-    }
-    if (change.showDefault) {
-      change.showDefault(other);
+    if (answer == IDOK && other != kNoKeyword && RestoreDefaults(sheet, other)) {
+      if (change.showDefault) {
+        change.showDefault(other);
+      }
+    } else if (!putBack) {
+      PutBack(sheet, change);
+      putBack = true;
+    } else {
+      return true;  // nothing is left to go back to: the old selections stand
     }
   }
-  PutBack(sheet, change);
   return true;
 }
 

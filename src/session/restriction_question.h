@@ -35,11 +35,10 @@ struct RestrictedChange {
   std::function<void(KeywordId)> showDefault;  // shows a setting that went back to its default
 };
 
-// Runs the check until it allows the selections. An answer to change the other setting sets it
-// (and its weight or holes) to its default; a refusal puts the old selections back. A refusal ends
-// the matter: the old selections stand even where the check would not allow them. An OK that has
-// nothing to change counts as refusal, and so does a conflict that outlives six rounds.
-// False when there was no answer; the change then stays as it is.
+// Runs the check until it allows the selections, six times at most. An answer to change the other
+// setting sets it (and its weight or holes) to its default; a refusal puts the old selections back,
+// and when the check and the user refuse those, too, they stand. An OK that has nothing to change
+// counts as refusal. False when there was no answer; the selections then stay as they are.
 bool ResolveRestrictions(SheetContext& sheet, const RestrictedChange& change);
 
 }  // namespace zn

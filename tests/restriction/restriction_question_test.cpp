@@ -258,19 +258,60 @@ TEST_F(RestrictionQuestionTest, EachConflictIsAskedAbout) {
   EXPECT_EQ(sheet_->Current(KW_MEDIATYPEWEIGHTBYPASS), 2U);
 }
 
-// The old "no punch" would be refused itself; the user hears nothing more of it.
-TEST_F(RestrictionQuestionTest, RefusalPutsTheOldSelectionsBackAndEnds) {
-  answers = {IDCANCEL, IDOK, IDOK};
+TEST_F(RestrictionQuestionTest, RefusalPutsTheOldSelectionsBack) {
+  answers = {IDCANCEL};
   sheet_->SetCurrent(KW_STAPLE, 9);
   sheet_->SetCurrent(KW_PUNCH, 1);
   sheet_->SetCurrent(KW_PUNCHHOLES, 2);
-  EXPECT_TRUE(Resolve(restriction::kPunch, {{KW_PUNCH, 0}, {KW_PUNCHHOLES, 1}}));
+  EXPECT_TRUE(Resolve(restriction::kPunch, {{KW_PUNCH, 5}, {KW_PUNCHHOLES, 1}}));
   EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCH), 0U);
+  EXPECT_EQ(sheet_->Current(KW_PUNCH), 5U);
   EXPECT_EQ(sheet_->Current(KW_PUNCHHOLES), 1U);
   EXPECT_THAT(boxes, SizeIs(1));
   EXPECT_EQ(oldShown_, 1);
   EXPECT_THAT(defaultsShown_, IsEmpty());
+}
+
+// Staple 5 cannot go with punch 1 any more than staple 9 can.
+TEST_F(RestrictionQuestionTest, OldSelectionsAreCheckedToo) {
+  const struct {
+    const char* name;
+    std::deque<int> answers;
+    bool result;
+    std::uint32_t punch;
+    std::size_t boxes;
+  } rows[] = {
+      {"refused again, they stand", {IDCANCEL, IDCANCEL, IDOK}, true, 1, 2},
+      {"resolved", {IDCANCEL, IDOK}, true, 0, 2},
+      {"not answered", {IDCANCEL}, false, 1, 2},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    boxes.clear();
+    answers = row.answers;
+    oldShown_ = 0;
+    sheet_->SetCurrent(KW_STAPLE, 9);
+    sheet_->SetCurrent(KW_PUNCH, 1);
+    EXPECT_EQ(Resolve(restriction::kStaple, {{KW_STAPLE, 5}}), row.result);
+    EXPECT_EQ(sheet_->Current(KW_STAPLE), 5U);
+    EXPECT_EQ(sheet_->Current(KW_PUNCH), row.punch);
+    EXPECT_THAT(boxes, SizeIs(row.boxes));
+    EXPECT_EQ(oldShown_, 1);
+  }
+  EXPECT_THAT(defaultsShown_, ElementsAre(KW_PUNCH));
+}
+
+// Without mixed sizes the old "no punch" is refused itself: the user is told, and it stands.
+TEST_F(RestrictionQuestionTest, OldNoPunchIsRefusedAndStands) {
+  answers = {IDCANCEL, IDOK, IDOK};
+  sheet_->SetCurrent(KW_STAPLE, 9);
+  sheet_->SetCurrent(KW_PUNCH, 1);
+  EXPECT_TRUE(Resolve(restriction::kPunch, {{KW_PUNCH, 0}, {KW_PUNCHHOLES, 0}}));
+  EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
+  EXPECT_EQ(sheet_->Current(KW_PUNCH), 0U);
+  ASSERT_THAT(boxes, SizeIs(2));
+  EXPECT_EQ(boxes[1].type, UINT{MB_OK | MB_ICONEXCLAMATION});
+  EXPECT_EQ(oldShown_, 1);
 }
 
 TEST_F(RestrictionQuestionTest, OkThatChangesNothingCountsAsRefusal) {
@@ -280,14 +321,17 @@ TEST_F(RestrictionQuestionTest, OkThatChangesNothingCountsAsRefusal) {
   sheet_->options[KW_PUNCH].defaultSelection = 1;
   EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 5}}));
   EXPECT_EQ(sheet_->Current(KW_STAPLE), 5U);
+  EXPECT_THAT(boxes, SizeIs(2));
+  EXPECT_EQ(oldShown_, 1);
 
   sheet_->SetCurrent(KW_PUNCH, 0);
   sheet_->SetCurrent(KW_BOOKLETFINISHING, 1);  // not set, so there is nothing to change
   sheet_->SetCurrent(KW_STAPLE, 9);
   EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 0}}));
   EXPECT_EQ(sheet_->Current(KW_STAPLE), 0U);
-  EXPECT_THAT(boxes, SizeIs(2));
+  EXPECT_THAT(boxes, SizeIs(3));
   EXPECT_EQ(oldShown_, 2);
+  EXPECT_THAT(defaultsShown_, IsEmpty());
 }
 
 TEST_F(RestrictionQuestionTest, NoAnswerFailsAndChangesNothing) {
