@@ -38,7 +38,7 @@ void PrintEntry(const FavoriteEntry& entry) {
 int RunFavorite(Arguments arguments) {
   const bool save = arguments.size() == 3 && std::string_view(arguments[1]) == "--save";
   if (arguments.size() != 1 && !save) {
-    return Fail(kUsage, "favorite takes FILE [--save OUT]");
+    return Fail(kUsage, "usage: zninspect favorite FILE [--save OUT]");
   }
   CFavoriteFileManager files;
   FavoriteEntry entry;
@@ -57,7 +57,7 @@ int RunFavorite(Arguments arguments) {
 
 int RunRecord(Arguments arguments) {
   if (arguments.size() != 1 || std::string_view(arguments[0]) != "--default") {
-    return Fail(kUsage, "record takes --default");
+    return Fail(kUsage, "usage: zninspect record --default");
   }
   PrintEntry(FavoriteEntry{});
   return kOk;

@@ -40,7 +40,10 @@ std::string_view UpToNul(std::string_view text) {
 constexpr const char* kSource = "favorites\\FavoriteFileManager";
 constexpr const char* kClass = "CFavoriteFileManager";
 
+// Traces name the tag only: a value can be a password.
 void ReadItem(ddb::CPrintOptionEx& option, const ItemReader::Item& item) {
+  ZN_TRACE_TEXT(kSource, kClass, " %s::ReadPrintOption() %.*s\n", kClass,
+                static_cast<int>(item.tag.size()), item.tag.data());
   if (const ddb::ExtendedTag* extended = ddb::FindExtendedTag(item.tag)) {
     ddb::ParseExtendedValue(option, *extended, item.value);
   } else if (const ddb::Tag* tag = ddb::FindTag(item.tag)) {
