@@ -34,14 +34,18 @@ TEST(InspectDevMode, PrintsOffsetNameValueIdAndNote) {
   CDevMode block = DefaultedBlock();
   block.SetDWord(devmode::kTiffDpi, 1201);
   block.SetText(devmode::kComment, "one\r\ntwo\tthree");
+  std::memset(&block.Bytes()[devmode::kFavoriteName], 'x', 28);
   block.SetText(devmode::kJobName, "\x95\x5c\x8e\x86");  // double-byte, a backslash as trail byte
   const Outcome outcome = RunInspector({"devmode", folder.Write("block", BytesOf(block))});
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.error, "");
   const std::vector<std::string> lines = Lines(outcome.output);
   EXPECT_EQ(lines.size(), DevModeFields().size());
+  EXPECT_THAT(lines, Contains("0\tsize of the block\t9328\t-"));
   EXPECT_THAT(lines, Contains("24\timage output resolution, dpi\t1201\t4302\toutside 1..1200"));
   EXPECT_THAT(lines, Contains("2160\tjob name\t\x95\x5c\x8e\x86\t-"));
+  EXPECT_THAT(lines,
+              Contains("2416\tfavourite name\t" + std::string(28, 'x') + "\t-\tnot terminated"));
   EXPECT_THAT(lines, Contains("2444\tcomment\tone\\r\\ntwo\\tthree\t-\thas control characters"));
 }
 
