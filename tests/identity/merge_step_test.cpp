@@ -312,7 +312,7 @@ TEST_F(MergeStep, RandomBlocksComeOutGoodAndStable) {
   StoreUserData("EnterName");
   const BlockAtPageEnd source;
   const BlockAtPageEnd destination;
-  OEMDMPARAM param{};
+  OEMDMPARAM param{};  // tells no buffer size
   param.hPrinter = queue_->Handle();
   param.pOEMDMIn = &*source;
   param.pOEMDMOut = &*destination;
@@ -326,7 +326,6 @@ TEST_F(MergeStep, RandomBlocksComeOutGoodAndStable) {
     std::ranges::generate((*source).Bytes().subspan(begin),
                           [&] { return std::byte(random() % kinds * 37); });
     for (const DWORD mode : {OEMDM_CONVERT, OEMDM_MERGE}) {
-      param.cbBufSize = kDevModeSize;
       ASSERT_EQ(object_->DevMode(mode, &param), S_OK);
     }
     const DevModeField* bad = FirstBadField(*destination);
