@@ -257,7 +257,7 @@ std::optional<std::string_view> CFavoriteFileManager::ReadFile(const char* path)
     if (size < contents_.size() || size >= kMaxRead) {
       return std::string_view(contents_.data(), size);
     }
-    contents_.resize(contents_.size() * 4);
+    contents_.resize(std::min(contents_.size() * 4, kMaxRead));
   }
 }
 
