@@ -4,6 +4,8 @@
 // This must come behind windows.h.
 #include <winternl.h>
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -67,15 +69,27 @@ int CountHandles() {
   return count;
 }
 
-int CountHeapBlocks() {
+int CountHeapBlocks(HANDLE heap) {
   int count = 0;
   PROCESS_HEAP_ENTRY entry{};
-  const HANDLE heap = ::GetProcessHeap();
   ::HeapLock(heap);
   while (::HeapWalk(heap, &entry)) {
     count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
   }
   ::HeapUnlock(heap);
+  return count;
+}
+
+// The C runtime keeps a heap of its own.
+int CountHeapBlocks() {
+  std::array<HANDLE, 64> heaps{};
+  const DWORD heapCount =
+      std::min(::GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()),
+               static_cast<DWORD>(heaps.size()));
+  int count = 0;
+  for (DWORD i = 0; i < heapCount; ++i) {
+    count += CountHeapBlocks(heaps[i]);
+  }
   return count;
 }
 

@@ -8,7 +8,7 @@ struct ResourceUsage {
   int gdiObjects = 0;
   int windows = 0;     // of this thread, children included
   int handles = 0;     // kernel handles
-  int heapBlocks = 0;  // of the process's heap
+  int heapBlocks = 0;  // of every heap
 };
 
 [[nodiscard]] ResourceUsage CountResources();
