@@ -4,6 +4,11 @@
 
 #include "companion/call_counter.h"
 
+// Of the C++ runtime: frees what it keeps for exceptions when memory has run out.
+namespace __gnu_cxx {
+void __freeres();
+}
+
 namespace zn::companion {
 namespace {
 HINSTANCE g_instance = nullptr;
@@ -41,6 +46,8 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserve
     zn::companion::OpenCallCounts();
   } else if (reason == DLL_PROCESS_DETACH) {
     zn::companion::CloseCallCounts();
+    // The module is loaded again and again; the runtime alone would leave this behind each time.
+    __gnu_cxx::__freeres();
   }
   return TRUE;
 }

@@ -2,9 +2,11 @@
 
 #include <windows.h>
 
+#include <string>
 #include <vector>
 
 #include "gmock/gmock.h"
+#include "host/files.h"
 #include "platform/handles.h"
 
 namespace zn::test {
@@ -63,6 +65,24 @@ TEST(ResourceUsageTest, CountsWhatIsMadeAndForgetsWhatIsGone) {
   EXPECT_EQ(after.handles, before.handles);
   EXPECT_EQ(after.windows, before.windows);
   EXPECT_LT(after.heapBlocks, with.heapBlocks);
+}
+
+// The core driver unloads the plug-in after a sheet, and the plug-in its companions after a call.
+TEST(ResourceUsageTest, ModulesLeaveNothingBehindWhenUnloaded) {
+  for (const char* name : {"Zn55psu1.dll", "Zn55psu1UI.dll", "Zn55psu1ui2.dll"}) {
+    const std::string path = host::ProgramFolder() + name;
+    constexpr int kWarmUp = 3;
+    constexpr int kLoads = 12;
+    int before = 0;
+    for (int i = -kWarmUp; i < kLoads; ++i) {
+      if (i == 0) {
+        before = CountResources().heapBlocks;
+      }
+      const UniqueModule module(::LoadLibraryA(path.c_str()));
+      ASSERT_TRUE(module) << path;
+    }
+    EXPECT_LT(CountResources().heapBlocks - before, kLoads / 2) << name;
+  }
 }
 
 }  // namespace
