@@ -45,6 +45,32 @@ void AppendEntry(HWND list, std::string& text, const int* image) {
   ::SendMessageA(list, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
 }
 
+// A bitmap of square images side by side.
+struct ImageStrip {
+  UINT bitmapId;
+  int size;  // pixels
+  bool endsWithWarning;
+};
+constexpr std::array kStrips{
+    ImageStrip{IDB_COLOR_MODE, 24, false}, ImageStrip{IDB_DUPLEX, 24, false},
+    ImageStrip{IDB_FAVORITE, 16, false},   ImageStrip{IDB_NUP, 24, false},
+    ImageStrip{IDB_PUNCH, 24, true},       ImageStrip{IDB_STAPLE, 24, true},
+};
+
+UniqueImageList LoadImages(const ImageStrip& strip) {
+  const UniqueBitmap bitmap(static_cast<HBITMAP>(::LoadImageA(
+      ResourceInstance(), MAKEINTRESOURCEA(strip.bitmapId), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
+  UniqueImageList images(::ImageList_Create(strip.size, strip.size, ILC_COLOR24 | ILC_MASK, 1, 1));
+  if (!bitmap || !images ||
+      ::ImageList_AddMasked(images.get(), bitmap.get(), kTransparentColor) < 0) {
+    return nullptr;
+  }
+  if (strip.endsWithWarning) {
+    ::ImageList_AddIcon(images.get(), LoadWarningImage().icon24);
+  }
+  return images;
+}
+
 HICON SharedIcon(UINT id, int size) noexcept {
   return static_cast<HICON>(
       ::LoadImageA(ResourceInstance(), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_SHARED));
@@ -164,17 +190,6 @@ int ShowMessage(HWND owner, const std::string& text, UINT captionId, UINT style)
   return ::MessageBoxA(owner, text.c_str(), caption.c_str(), style);
 }
 
-UniqueImageList LoadImageStrip(UINT bitmapId, int size) {
-  const UniqueBitmap strip(static_cast<HBITMAP>(::LoadImageA(
-      ResourceInstance(), MAKEINTRESOURCEA(bitmapId), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
-  UniqueImageList images(::ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, 1, 1));
-  if (!strip || !images ||
-      ::ImageList_AddMasked(images.get(), strip.get(), kTransparentColor) < 0) {
-    return nullptr;
-  }
-  return images;
-}
-
 const WarningImages& LoadWarningImage() {
   static const WarningImages images = [] {
     WarningImages made{SharedIcon(IDI_WARNING_16, 16), SharedIcon(IDI_WARNING_24, 24),
@@ -184,6 +199,26 @@ const WarningImages& LoadWarningImage() {
     return made;
   }();
   return images;
+}
+
+HIMAGELIST SharedImages(UINT bitmapId) {
+  static std::array<UniqueImageList, kStrips.size()> made;
+  const auto strip = std::ranges::find(kStrips, bitmapId, &ImageStrip::bitmapId);
+  if (strip == kStrips.end()) {
+    return nullptr;
+  }
+  UniqueImageList& images = made[static_cast<std::size_t>(strip - kStrips.begin())];
+  if (!images) {
+    images = LoadImages(*strip);
+  }
+  return images.get();
+}
+
+void AttachImages(HWND page, std::span<const ListImages> lists) {
+  for (const auto& [listId, bitmapId] : lists) {
+    ::SendDlgItemMessageA(page, listId, CBEM_SETIMAGELIST, 0,
+                          reinterpret_cast<LPARAM>(SharedImages(bitmapId)));
+  }
 }
 
 int SetWarningIndex(std::span<const std::uint32_t> availableFlags, std::span<int> imageIndices,

@@ -65,15 +65,23 @@ void CheckRadio(HWND page, std::span<const int> radioIds, std::uint32_t index) n
 int ShowMessage(HWND owner, UINT textId, UINT captionId, UINT style);
 int ShowMessage(HWND owner, const std::string& text, UINT captionId, UINT style);
 
-// A strip of square images of `size` pixels, magenta transparent.
-[[nodiscard]] UniqueImageList LoadImageStrip(UINT bitmapId, int size);
-
 // The warning icons of the module: made at the first use and kept while the module is loaded.
 struct WarningImages {
   HICON icon16, icon24, icon32;  // shared icons
   UniqueImageList m_hImgWarningList_16;
 };
 const WarningImages& LoadWarningImage();
+
+// The images of one of the module's bitmaps; those of staples and holes end with the warning icon.
+// Made at the first use and kept while the module is loaded. Null for any other bitmap.
+[[nodiscard]] HIMAGELIST SharedImages(UINT bitmapId);
+
+// Gives extended lists their images; a list gets the height that it needs for them.
+struct ListImages {
+  int listId;
+  UINT bitmapId;
+};
+void AttachImages(HWND page, std::span<const ListImages> lists);
 
 // Gives every option whose flag is 0 the last image of the list. 1 when there was one; 0 also for
 // a missing or empty list.

@@ -1,8 +1,21 @@
 #include "pages/standardpage.h"
 
+#include <array>
+
+#include "pages/pspage.h"
+#include "res/resource_ids.h"
+
 namespace zn {
+namespace {
+
+constexpr std::array kListImages{
+    ListImages{IDC_BASIC_FAVORITES, IDB_FAVORITE}, ListImages{IDC_BASIC_DUPLEX, IDB_DUPLEX},
+    ListImages{IDC_BASIC_NUP, IDB_NUP}, ListImages{IDC_BASIC_COLOR_MODE, IDB_COLOR_MODE}};
+
+}  // namespace
 
 int CStandardPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
+  AttachImages(window_, kListImages);
   return Initialize(AttachSheet(page), false);
 }
 

@@ -1,8 +1,20 @@
 #include "pages/traypage.h"
 
+#include <array>
+
+#include "pages/pspage.h"
+#include "res/resource_ids.h"
+
 namespace zn {
+namespace {
+
+constexpr std::array kListImages{ListImages{IDC_TRAY_STAPLE, IDB_STAPLE},
+                                 ListImages{IDC_TRAY_PUNCH, IDB_PUNCH}};
+
+}  // namespace
 
 int CTrayPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
+  AttachImages(window_, kListImages);
   return Initialize(AttachSheet(page), false);
 }
 

@@ -82,6 +82,37 @@ TEST_F(Controls, MissingControlsFail) {
   EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, 9999));
 }
 
+// Lists with images are higher than others.
+TEST_F(Controls, LabelsStandBesideTheMiddleOfTheirLists) {
+  constexpr int kTolerance = 2;  // pixels
+  const struct {
+    PageIndex page;
+    std::vector<int> labels;
+  } rows[] = {
+      {kBasicPage,
+       {IDC_BASIC_FAVORITES_LABEL, IDC_BASIC_PAGE_SIZE_LABEL, IDC_BASIC_OUTPUT_SIZE_LABEL,
+        IDC_BASIC_FIT_SIZE_LABEL, IDC_BASIC_COPIES_LABEL, IDC_BASIC_DUPLEX_LABEL,
+        IDC_BASIC_NUP_LABEL, IDC_BASIC_COLOR_MODE_LABEL}},
+      {kTrayPage,
+       {IDC_TRAY_SOURCE_LABEL, IDC_TRAY_OUTPUT_LABEL, IDC_TRAY_JOG_LABEL, IDC_TRAY_STAPLE_LABEL,
+        IDC_TRAY_PUNCH_LABEL}},
+      {kWatermarkPage, {IDC_WATERMARK_NUMBER_LABEL, IDC_WATERMARK_ORDER_LABEL}},
+      {kJobPage, {IDC_JOB_NAME_LABEL, IDC_JOB_COLOR_MODE_LABEL, IDC_JOB_PRINTER_MODE_LABEL}}};
+  const auto middleOf = [](HWND window) {
+    RECT rect{};
+    ::GetWindowRect(window, &rect);
+    return (rect.top + rect.bottom) / 2;
+  };
+  for (const auto& row : rows) {
+    Open(row.page);
+    for (const int label : row.labels) {
+      EXPECT_NEAR(middleOf(Control(label)), middleOf(ListOfLabel(Page(), label)), kTolerance)
+          << label;
+    }
+    Close();
+  }
+}
+
 TEST_F(Controls, RadioGroupsMoveTheFocusToTheCheckedRadio) {
   constexpr std::array kRadios{IDC_BASIC_PORTRAIT, IDC_BASIC_LANDSCAPE, IDC_BASIC_ROTATED};
   Open(kBasicPage);
@@ -126,13 +157,14 @@ TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
     UINT id;
     int size;
     int images;
-  } rows[] = {{IDB_COLOR_MODE, 24, 3}, {IDB_DUPLEX, 24, 6}, {IDB_FAVORITE, 16, 3},
-              {IDB_NUP, 24, 13},       {IDB_PUNCH, 24, 13}, {IDB_STAPLE, 24, 18}};
+  } rows[] = {{IDB_COLOR_MODE, 24, 3}, {IDB_DUPLEX, 24, 6},     {IDB_FAVORITE, 16, 3},
+              {IDB_NUP, 24, 13},       {IDB_PUNCH, 24, 13 + 1}, {IDB_STAPLE, 24, 18 + 1}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.id);
-    const UniqueImageList strip = LoadImageStrip(row.id, row.size);
+    const HIMAGELIST strip = SharedImages(row.id);
     ASSERT_NE(strip, nullptr);
-    EXPECT_EQ(::ImageList_GetImageCount(strip.get()), row.images);
+    EXPECT_EQ(SharedImages(row.id), strip) << "made once";
+    EXPECT_EQ(::ImageList_GetImageCount(strip), row.images);
     // The corner of every image is transparent: what lies beneath shines through.
     const HDC screen = ::GetDC(nullptr);
     const HDC canvas = ::CreateCompatibleDC(screen);
@@ -140,7 +172,7 @@ TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
     const HGDIOBJ before = ::SelectObject(canvas, bitmap);
     for (int image = 0; image < row.images; ++image) {
       ::SetPixel(canvas, 0, row.size - 1, RGB(1, 2, 3));
-      ::ImageList_Draw(strip.get(), image, canvas, 0, 0, ILD_TRANSPARENT);
+      ::ImageList_Draw(strip, image, canvas, 0, 0, ILD_TRANSPARENT);
       EXPECT_EQ(::GetPixel(canvas, 0, row.size - 1), COLORREF{RGB(1, 2, 3)}) << image;
     }
     ::SelectObject(canvas, before);
@@ -148,6 +180,10 @@ TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
     ::DeleteDC(canvas);
     ::ReleaseDC(nullptr, screen);
   }
+}
+
+TEST(ImageStrips, OnlyOfBitmapsThatAreStrips) {
+  EXPECT_EQ(SharedImages(IDD_JOB_PAGE), nullptr);
 }
 
 TEST(Strings, KeepQuotesAndJapanese) {
