@@ -43,6 +43,19 @@ struct CodeRow {
 
 // The order is that in which the printer description offers the choices, so no list is sorted.
 // Paper sizes share one order; booklet, imposition and output paper put code 0 in front of it.
+constexpr CodeList kBookletPapers = Codes<0, 62, 53, 4, 2, 3, 1, 8, 6, 7, 5, To{10, 17}, 65, 18, 57,
+                                          67, 19, To{22, 24}, 68, 78, 89, 88, 69, 70, 20>;
+constexpr CodeList kImpositionPapers =
+    Codes<0, 62, 53, 4, 2, 3, 1, 54, 8, 6, 7, 5, 55, To{10, 17}, 65, 18, 57, 66, 67, 91, 19,
+          To{22, 24}, 68, 78, 89, 88, 69, 70, 20>;
+constexpr CodeList kOutputPapers =
+    Codes<0, 62, 53, 4, 2, 3, 1, 54, 8, 6, 7, 5, 55, To{10, 17}, 65, 18, 57, 66, 67, 91, 19,
+          To{22, 24}, 68, 78, 89, 88, To{69, 71}, 51, 49, 72, 50, 52, 73>;
+
+// The printer's media types; the standard keyword MediaType numbers some of them differently.
+constexpr CodeList kMediaTypes =
+    Codes<270, 271, 34, 43, 12, 37, To{3, 5}, 8, 272, 9, 41, 30, 11, To{20, 29}, To{333, 342}>;
+
 constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_RGBGAMMA, Codes<5, To{0, 4}>},
     {KW_RGBWHITEPOINT, Codes<To{0, 2}>},
@@ -73,8 +86,7 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_BOOKLETBIND, Codes<1, 2>},
     {KW_BOOKLETAREA, Codes<To{0, 2}>},
     {KW_BOOKLETFACE, Codes<To{0, 2}>},
-    {KW_BOOKLETPAPERSIZE, Codes<0, 62, 53, 4, 2, 3, 1, 8, 6, 7, 5, To{10, 17}, 65, 18, 57, 67, 19,
-                                To{22, 24}, 68, 78, 89, 88, 69, 70, 20>},
+    {KW_BOOKLETPAPERSIZE, kBookletPapers},
     {KW_BOOKLETSEPARATE, Codes<To{0, 2}>},
     {KW_BRIGHTNESS, Codes<To{10, 0}>},
     {KW_SHARPNESS, Codes<6, 9, 5, 8, 4, 7, 3, 2, 1, 0>},
@@ -98,8 +110,7 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_MEMOCOLOR, Codes<To{0, 7}>},
     {KW_WMORDER, Codes<To{0, 2}>},
     {KW_WMPOSITION, Codes<To{1, 4}, 0>},
-    {KW_REPEATPRINTPAPERSIZE, Codes<62, 53, 4, 2, 3, 1, 8, 6, 7, 5, To{10, 17}, 65, 18, 57, 67, 19,
-                                    To{22, 24}, 68, 78, 89, 88, 69, 70, 20>},
+    {KW_REPEATPRINTPAPERSIZE, kBookletPapers.subspan(1)},
     {KW_AUTOTRAPPINGSETUPFILE, Codes<To{0, 99}>},
     {KW_STROKEADJUST, Codes<To{0, 2}>},
     {KW_IMAGESCREEN, Codes<To{0, 4}, 7, 5>},
@@ -108,9 +119,7 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_CHARACTERCALIBRATION, Codes<201, To{1, 100}>},
     {KW_IMPOSITIONTEMPLATEFILE, Codes<To{1, 500}>},
     {KW_IMPOSITIONPAGERANGE, Codes<0, 3>},
-    {KW_IMPOSITIONOUTPUTPAPERSIZE,
-     Codes<0, 62, 53, 4, 2, 3, 1, 54, 8, 6, 7, 5, 55, To{10, 17}, 65, 18, 57, 66, 67, 91, 19,
-           To{22, 24}, 68, 78, 89, 88, 69, 70, 20>},
+    {KW_IMPOSITIONOUTPUTPAPERSIZE, kImpositionPapers},
     {KW_IMPOSITIONADJUSTTOPAPERSIZE, Codes<0, 1, 4>},
     {KW_IMPOSITIONOUTPUTTRAY, Codes<To{0, 3}, 7, 8, 5>},
     {KW_IMPOSITIONOUTPUTRANGE, Codes<To{0, 2}>},
@@ -125,8 +134,7 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_PAGINATIONTEMPLATEFILE, Codes<To{0, 99}>},
     {KW_IMPOSITIONFINISHING, Codes<To{0, 2}>},
     {KW_IMPOSITIONPAGINATIONTEMPFILE, Codes<To{0, 99}>},
-    {KW_ZNMEDIATYPE,
-     Codes<270, 271, 34, 43, 12, 37, To{3, 5}, 8, 272, 9, 41, 30, 11, To{20, 29}, To{333, 342}>},
+    {KW_ZNMEDIATYPE, kMediaTypes},
     {KW_MEDIATYPEWEIGHT, Codes<To{0, 8}>},
     {KW_PAPERCOLOR, Codes<To{0, 17}>},
     {KW_ORIENTATIONOVERRIDE, Codes<To{0, 2}>},
@@ -134,8 +142,7 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_SPOTCOLORCORRECTIONPROFILE, Codes<To{0, 101}>},
     {KW_SPOTCOLORCORRECTIONINTENT, Codes<To{0, 3}>},
     {KW_AUTOTRAPPINGPROCESS, Codes<To{0, 100}>},
-    {KW_MEDIATYPEBYPASS,
-     Codes<270, 271, 34, 43, 12, 37, To{3, 5}, 8, 272, 9, 41, 30, 11, To{20, 29}, To{333, 342}>},
+    {KW_MEDIATYPEBYPASS, kMediaTypes},
     {KW_MEDIATYPEWEIGHTBYPASS, Codes<To{0, 8}>},
     {KW_PAPERCOLORBYPASS, Codes<To{0, 17}>},
     {KW_MEMOMODE, Codes<To{1, 13}>},
@@ -152,15 +159,12 @@ constexpr auto kCodeRows = std::to_array<CodeRow>({
     {KW_GLOSSCONTROL, Codes<To{0, 2}>},
     {KW_IMGNOISERED, Codes<To{0, 2}>},
     {KW_PERFECTBINDER, Codes<To{0, 100}>},
-    {KW_OUTPUTPAPERSIZE,
-     Codes<0, 62, 53, 4, 2, 3, 1, 54, 8, 6, 7, 5, 55, To{10, 17}, 65, 18, 57, 66, 67, 91, 19,
-           To{22, 24}, 68, 78, 89, 88, To{69, 71}, 51, 49, 72, 50, 52, 73>},
+    {KW_OUTPUTPAPERSIZE, kOutputPapers},
     {KW_MIXSIZEFIRSTPAGESIZE, Codes<1, 2, 5, 6, 12, 16>},
     {KW_MIXSIZEFIRSTPAGEORIENTATION, Codes<1, 2>},
     {KW_MIXSIZEMIXEDPAGEORIENTATION, Codes<1, 2>},
     {KW_MIXSIZEROTATION, Codes<To{0, 3}>},
-    {KW_PAGESIZE, Codes<62, 53, 4, 2, 3, 1, 54, 8, 6, 7, 5, 55, To{10, 17}, 65, 18, 57, 66, 67, 91,
-                        19, To{22, 24}, 68, 78, 89, 88, To{69, 71}, 51, 49, 72, 50, 52, 73>},
+    {KW_PAGESIZE, kOutputPapers.subspan(1)},
     {330, Codes<To{0, 2}>},
 });
 
