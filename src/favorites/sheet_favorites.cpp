@@ -7,7 +7,7 @@
 #include "favorites/favorite_folders.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
-#include "session/session.h"
+#include "session/forms.h"
 #include "session/session_tables.h"
 
 namespace zn {

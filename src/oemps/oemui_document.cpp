@@ -50,7 +50,6 @@ void FillSheet(SheetContext& sheet, const OEMCUIPPARAM& param) noexcept {
   sheet.poemuiobj = param.poemuiobj;
   sheet.pDrvOptItems = items.data();
   sheet.cDrvOptItems = static_cast<DWORD>(items.size());
-  sheet.dwFlags = param.dwFlags;
   sheet.mayChangeSettings = MayChangeSettings(param);
   sheet.treeReadOnlyFlag = true;
   CSession(&sheet).HidePrinterSetting();

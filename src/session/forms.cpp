@@ -1,4 +1,3 @@
-// The process-wide table of form names.
 #include "session/forms.h"
 
 #include "platform/driver_interfaces.h"
@@ -9,7 +8,6 @@
 #include <new>
 
 #include "platform/trace.h"
-#include "session/session.h"
 
 namespace zn {
 namespace {
@@ -19,8 +17,8 @@ constexpr std::size_t kNameSize = 64;
 constexpr std::size_t kBytesPerName = 4096;
 constexpr int kMaxForms = 4096;
 
-std::unique_ptr<char[]> m_pszFormsNames;
-std::uint32_t m_formsCount = 0;
+std::unique_ptr<char[]> g_formNames;
+std::uint32_t g_formCount = 0;
 
 int AskNames(const char* printerName, char* names) noexcept {
   return ::DeviceCapabilitiesA(printerName, nullptr, DC_PAPERNAMES, names, nullptr);
@@ -33,36 +31,36 @@ void LoadFormNames(const char* printerName) noexcept {
   if (count <= 0) {
     return;
   }
-  m_formsCount = 0;
-  m_pszFormsNames.reset();
+  g_formCount = 0;
+  g_formNames.reset();
   const std::size_t size = static_cast<std::size_t>(count) * kBytesPerName;
-  m_pszFormsNames.reset(new (std::nothrow) char[size]());
-  if (!m_pszFormsNames) {
+  g_formNames.reset(new (std::nothrow) char[size]());
+  if (!g_formNames) {
     return;
   }
-  const int filled = std::min(AskNames(printerName, m_pszFormsNames.get()), count);
+  const int filled = std::min(AskNames(printerName, g_formNames.get()), count);
   if (filled <= 0) {
-    m_pszFormsNames.reset();
+    g_formNames.reset();
     return;
   }
-  m_formsCount = static_cast<std::uint32_t>(filled);
-  for (std::size_t form = 0; form < m_formsCount; ++form) {
+  g_formCount = static_cast<std::uint32_t>(filled);
+  for (std::size_t form = 0; form < g_formCount; ++form) {
     // A name may fill its 64 bytes to the last.
-    m_pszFormsNames[form * kNameSize + kNameSize - 1] = '\0';
+    g_formNames[form * kNameSize + kNameSize - 1] = '\0';
   }
 }
 
 std::uint32_t GetFormsCount() noexcept {
-  return m_formsCount;
+  return g_formCount;
 }
 
 int GetFormsInfo(std::uint32_t index, const char** name) noexcept {
-  if (!m_pszFormsNames) {
+  if (!g_formNames) {
     ZN_TRACE_TEXT("session\\session", "CSession::GetFormsInfo", "%s() Error m_pszFormsNames=%d\n",
                   "CSession::GetFormsInfo", 0);
     return 0;
   }
-  *name = m_pszFormsNames.get() + index * kNameSize;
+  *name = g_formNames.get() + index * kNameSize;
   return 1;
 }
 

@@ -109,8 +109,8 @@ std::uint32_t CSession::GetPrivate(std::uint32_t id, bool wantDefault) const noe
     return 0;
   }
   const CDevMode* const block = SettingsBlock(*m_p);
-  const std::uint32_t value =
-      wantDefault || block == nullptr ? field->defaultValue : block->GetDWord(field->offset);
+  const CDevMode& values = block != nullptr ? *block : m_p->jobValues;
+  const std::uint32_t value = wantDefault ? field->defaultValue : values.GetDWord(field->offset);
   return field->privateWidth == 16 ? value & kLow16 : value;
 }
 

@@ -49,9 +49,4 @@ class CSessionAccessor {
   CSession m_session;
 };
 
-// The process-wide form names (64 bytes each) of the last session set-up.
-[[nodiscard]] std::uint32_t GetFormsCount() noexcept;
-// 1 and the name, or 0 when no table was built. `index` is not checked against the count.
-int GetFormsInfo(std::uint32_t index, const char** name) noexcept;
-
 }  // namespace zn

@@ -106,12 +106,11 @@ void RestoreDriverPart(SheetContext& sheet, const DriverPrivateDevMode& part) no
 }
 
 void ApplyBorderRule(SheetContext& sheet, const DriverPrivateDevMode& part) noexcept {
-  if (sheet.Current(KW_NUP) != 0) {
-    sheet.SetCurrent(KW_NUPBORDER, part.noBorder == 0 ? 1 : 0);
-    ZN_TRACE_TEXT(kSource, "CSession::HidePrinterSetting", "KW_NUP = %d, KW_NUPBORDER = %d\n",
-                  static_cast<int>(sheet.Current(KW_NUP)),
-                  static_cast<int>(sheet.Current(KW_NUPBORDER)));
-  } else {
+  sheet.SetCurrent(KW_NUPBORDER, part.noBorder == 0 ? 1 : 0);
+  ZN_TRACE_TEXT(kSource, "CSession::HidePrinterSetting", "KW_NUP = %d, KW_NUPBORDER = %d\n",
+                static_cast<int>(sheet.Current(KW_NUP)),
+                static_cast<int>(sheet.Current(KW_NUPBORDER)));
+  if (sheet.Current(KW_NUP) == 0) {
     sheet.SetCurrent(KW_NUPBORDER, 0);
     ZN_TRACE_TEXT(kSource, "CSession::HidePrinterSetting",
                   "KW_NUP is none. KW_NUPBORDER is overwrited.\n");

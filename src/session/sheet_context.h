@@ -37,7 +37,6 @@ struct SheetContext {
   LONG_PTR hLastPage;  // what adding the job page returned
   OPTITEM* pDrvOptItems;
   DWORD cDrvOptItems;
-  DWORD dwFlags;  // DM_ flags of the sheet
 
   HWND activePage;  // getters read live controls only of this page
 
