@@ -21,6 +21,9 @@ constexpr int kMaxResourceText = static_cast<int>(kPathSize) - 1;
 // No keyword has more options, and no list more names; it ends a module that answers for ever.
 constexpr std::uint32_t kMaxOptions = 1000;
 
+// Anybody can send kSendTreeItemsMessage; its pointer is good only while the dialog is open.
+bool g_isSummaryOpen = false;
+
 // A damaged module must not bring up the system's own message box.
 class QuietLoad {
  public:
@@ -197,9 +200,12 @@ bool CompanionModule::FavoriteSummary(FavoriteSummaryDialog& dialog,
   auto profile = PathBuffer(dialog.profile);
   int selection = dialog.selection;
   int count = static_cast<int>(favorites.size());
-  if (run(favorites.data(), &selection, dialog.current, dialog.defaults, name.data(),
-          favoriteFolder.data(), deleted.data(), &count, folder.data(), profile.data(),
-          dialog.owner, dialog.page) == 0) {
+  g_isSummaryOpen = true;
+  const int result = run(favorites.data(), &selection, dialog.current, dialog.defaults, name.data(),
+                         favoriteFolder.data(), deleted.data(), &count, folder.data(),
+                         profile.data(), dialog.owner, dialog.page);
+  g_isSummaryOpen = false;
+  if (result == 0) {
     return false;
   }
   if (selection >= -1 && selection < static_cast<int>(favorites.size())) {
@@ -247,7 +253,7 @@ bool DoModalFavoriteSummaryUI(HANDLE printer, FavoriteSummaryDialog& dialog) {
 
 void SendTreeItems(LPARAM lParam, std::span<const SummaryItem> items) noexcept {
   auto* const table = reinterpret_cast<SummaryItem*>(lParam);
-  if (table == nullptr) {
+  if (!g_isSummaryOpen || table == nullptr) {
     return;
   }
   const std::size_t rows = std::min(items.size(), kSummaryItemCount);

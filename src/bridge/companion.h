@@ -26,8 +26,6 @@ inline constexpr std::uint32_t kPaperWeight = 359;
 inline constexpr std::uint32_t kPaperColor = 360;
 }  // namespace companion_label
 
-using companion_abi::kLabelSize;
-using companion_abi::kOptionTextSize;
 inline constexpr std::size_t kCompanionPathSize = companion_abi::kPathSize;
 
 // The four text buffers of PrintOptionSetting.
@@ -99,7 +97,7 @@ class CompanionModule {
 bool DoModalFavoriteSummaryUI(HANDLE printer, FavoriteSummaryDialog& dialog);
 
 // Answers kSendTreeItemsMessage: copies `items` to the companion's table behind `lParam`; the
-// rows that are left become zero.
+// rows that are left become zero. Does nothing while no summary dialog is open.
 void SendTreeItems(LPARAM lParam, std::span<const companion_abi::SummaryItem> items) noexcept;
 
 }  // namespace zn

@@ -27,8 +27,6 @@ using UniqueKey = Unique<HKEY, &::RegCloseKey>;
 using UniquePrinter = Unique<HANDLE, &::ClosePrinter>;
 using UniqueModule = Unique<HMODULE, &::FreeLibrary>;
 using UniqueBitmap = Unique<HBITMAP, &::DeleteObject>;
-using UniqueFont = Unique<HFONT, &::DeleteObject>;
-using UniqueIcon = Unique<HICON, &::DestroyIcon>;
 using UniqueImageList = Unique<HIMAGELIST, &::ImageList_Destroy>;
 
 }  // namespace zn
