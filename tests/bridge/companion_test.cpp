@@ -87,60 +87,47 @@ class CompanionTest : public Test {
 
 HMODULE CompanionTest::plugIn_ = nullptr;
 
-TEST_F(CompanionTest, LabelIsAskedForInItsSize) {
+TEST_F(CompanionTest, TextsAreAskedForOneByOneInTheirSize) {
   CompanionControl& control = Install();
   const CompanionModule companion(nullptr);
   ASSERT_TRUE(companion);
-  control.text = "label";
-  EXPECT_EQ(companion.GetKeywordTranslation(355), "label");
-  EXPECT_EQ(control.ids, std::vector<int>{355});
+  control.text = "text";
+  control.options = 2;
+  EXPECT_EQ(companion.GetKeywordTranslation(355), "text");
   EXPECT_EQ(control.size, 64u);
+  EXPECT_EQ(companion.GetKeywordOptionString(63, 3),
+            (std::vector<std::string>{"text", "text", ""}));
+  EXPECT_EQ(control.size, 256u);
+  EXPECT_EQ(control.ids, (std::vector<int>{355, 63, 63, 63}));
+  EXPECT_EQ(control.indexes, (std::vector<int>{0, 1, 2}));
+  EXPECT_TRUE(companion.GetKeywordOptionString(63, 0).empty());
+  EXPECT_EQ(control.indexes.size(), 3u) << "nothing is called for a count of 0";
+
+  std::string text = "before";
+  EXPECT_FALSE(companion.GetKeywordOption(63, 2, text));
+  EXPECT_EQ(text, "before");
+  EXPECT_TRUE(companion.GetKeywordOption(63, 1, text));
+  EXPECT_EQ(text, "text");
+  EXPECT_EQ(companion.GetKeywordOptionCount(63), 2u);
+  control.options = 0x7FFFFFFF;
+  EXPECT_EQ(companion.GetKeywordOptionCount(63), 1000u) << "a module that answers for ever";
   control.result = 0;
-  EXPECT_EQ(companion.GetKeywordTranslation(355), "");
+  EXPECT_EQ(companion.GetKeywordTranslation(355), "") << "whatever the buffer holds";
 }
 
 TEST_F(CompanionTest, TextsWithoutTerminatorAreCut) {
   CompanionControl& control = Install();
   const CompanionModule companion(nullptr);
-  control.text = std::string(64, 'a');
+  control.text = std::string(300, 'a');
+  control.options = 1;
   EXPECT_EQ(companion.GetKeywordTranslation(1), std::string(63, 'a'));
+  EXPECT_EQ(companion.GetKeywordOptionString(1, 1)[0], std::string(255, 'a'));
   control.text.clear();
   for (int character = 0; character < 32; ++character) {
     control.text += "\x95\x5C";
   }
   EXPECT_EQ(companion.GetKeywordTranslation(1), control.text.substr(0, 62))
       << "not within a double-byte character";
-  control.text = std::string(300, 'b');
-  control.options = 1;
-  EXPECT_EQ(companion.GetKeywordOptionString(1, 1)[0], std::string(255, 'b'));
-  EXPECT_EQ(control.size, 256u);
-}
-
-TEST_F(CompanionTest, OptionNamesAreAskedForOneByOne) {
-  CompanionControl& control = Install();
-  const CompanionModule companion(nullptr);
-  control.text = "option";
-  control.options = 2;
-  const std::vector<std::string> expected = {"option", "option", ""};
-  EXPECT_EQ(companion.GetKeywordOptionString(63, 3), expected);
-  EXPECT_EQ(control.ids, (std::vector<int>{63, 63, 63}));
-  EXPECT_EQ(control.indexes, (std::vector<int>{0, 1, 2}));
-  EXPECT_EQ(companion.GetKeywordOptionCount(63), 2u);
-  std::string text = "before";
-  EXPECT_TRUE(companion.GetKeywordOption(63, 1, text));
-  EXPECT_EQ(text, "option");
-  text = "before";
-  EXPECT_FALSE(companion.GetKeywordOption(63, 2, text));
-  EXPECT_EQ(text, "before");
-  control.indexes.clear();
-  EXPECT_TRUE(companion.GetKeywordOptionString(63, 0).empty());
-  EXPECT_TRUE(control.indexes.empty());
-}
-
-TEST_F(CompanionTest, CountOfAModuleThatAnswersForEverEnds) {
-  CompanionControl& control = Install();
-  control.options = 0x7FFFFFFF;
-  EXPECT_EQ(CompanionModule(nullptr).GetKeywordOptionCount(63), 1000u);
 }
 
 TEST_F(CompanionTest, OptionSettingDialog) {
@@ -231,7 +218,7 @@ TEST_F(CompanionTest, ListOfPrintOptions) {
       {ShortText("", 0), ""},
       {ShortText("fifteen letters", 15), "fifteen letters"},
       {ShortText("sixteen letters!", 16), "sixteen letters"},  // longer than its place
-      {ShortText("abc", 0x7FFFFFFFFFFFFFFF), "abc"},
+      {ShortText("abc", UINT64_MAX), "abc"},
       {LongText("sixteen letters!", 16, 31), "sixteen letters!"},
       {LongText(longText.c_str(), 400, 400), longText.substr(0, 259)},
       {LongText("text", 100, 31), "text"},
@@ -316,22 +303,21 @@ TEST_F(CompanionTest, DriverPaths) {
   }
 }
 
+int g_loads = 0;
+HMODULE WINAPI CountLoad(LPCSTR) {
+  ++g_loads;
+  return nullptr;
+}
+
 TEST_F(CompanionTest, NoModuleNameLoadsNothing) {
-  Install();
+  const ImportPatch load(::GetModuleHandleA(nullptr), "LoadLibraryA", &CountLoad);
+  EXPECT_FALSE(CompanionModule(nullptr));
+  EXPECT_EQ(g_loads, 1);
   SetModuleInstance(::GetModuleHandleA(nullptr));  // has no string table
   std::string folder;
   EXPECT_FALSE(CompanionModule(nullptr, &folder));
+  EXPECT_EQ(g_loads, 1);
   EXPECT_EQ(folder, folder_);
-}
-
-TEST_F(CompanionTest, ModuleIsFreedWithItsObject) {
-  Install();
-  held_.reset();
-  {
-    const CompanionModule companion(nullptr);
-    EXPECT_NE(::GetModuleHandleA(module_.c_str()), nullptr);
-  }
-  EXPECT_EQ(::GetModuleHandleA(module_.c_str()), nullptr);
 }
 
 TEST(CompanionFolderTest, IsThatOfTheQueuesDriver) {
@@ -341,21 +327,34 @@ TEST(CompanionFolderTest, IsThatOfTheQueuesDriver) {
   EXPECT_EQ(folder, queue.DriverFolder());
 }
 
-TEST(SendTreeItemsTest, FillsTheCompanionsTable) {
-  std::array<companion_abi::SummaryItem, companion_abi::kSummaryItemCount + 1> table;
-  table.fill({7, 7, {7, 7}});
-  std::array<companion_abi::SummaryItem, 60> items{};
-  for (std::size_t row = 0; row < items.size(); ++row) {
-    items[row] = {1, static_cast<std::uint32_t>(row), {}};
-  }
-  SendTreeItems(reinterpret_cast<LPARAM>(table.data()), std::span(items).first(49));
-  EXPECT_EQ(table[48].id, 48u);
-  EXPECT_EQ(table[49].level, 0);
-  EXPECT_EQ(table[49].id, 0u);
-  SendTreeItems(reinterpret_cast<LPARAM>(table.data()), items);
-  EXPECT_EQ(table[49].id, 49u);
-  EXPECT_EQ(table[50].id, 7u) << "not past the table";
-  SendTreeItems(0, items);
+using SummaryTable = std::array<companion_abi::SummaryItem, companion_abi::kSummaryItemCount + 1>;
+SummaryTable g_table;
+
+void SendItems(std::size_t count) {
+  g_table.fill({7, 7, {7, 7}});
+  const std::vector<companion_abi::SummaryItem> items(count, {1, 99, {}});
+  SendTreeItems(reinterpret_cast<LPARAM>(g_table.data()), items);
+}
+
+TEST_F(CompanionTest, TreeItemsFillTheTableWhileTheDialogIsOpen) {
+  CompanionControl& control = Install();
+  ddb::CPrintOption record;
+  const std::array<companion_abi::FavoriteSummaryEntry, 1> favorites = {{{"", "", &record}}};
+  FavoriteSummaryDialog dialog{};
+  dialog.favorites = favorites;
+  control.whileSummaryIsOpen = [] {
+    SendItems(49);
+    EXPECT_EQ(g_table[48].id, 99u);
+    EXPECT_EQ(g_table[49].level, 0);
+    EXPECT_EQ(g_table[49].id, 0u);
+    SendItems(60);
+    EXPECT_EQ(g_table[49].id, 99u);
+    EXPECT_EQ(g_table[50].id, 7u) << "not past the table";
+    SendTreeItems(0, {});
+  };
+  EXPECT_TRUE(DoModalFavoriteSummaryUI(nullptr, dialog));
+  SendItems(1);
+  EXPECT_EQ(g_table[0].id, 7u) << "a message that the companion did not send";
 }
 
 }  // namespace

@@ -59,6 +59,9 @@ int FavoriteSummary(void* favorites, int* selection, ddb::CPrintOption* current,
   static_cast<std::uint8_t*>(deleted)[g_control.deletedRow] = 1;
   *selection = g_control.selection;
   *count = 0x7FFFFFFF;
+  if (g_control.whileSummaryIsOpen != nullptr) {
+    g_control.whileSummaryIsOpen();
+  }
   Fill(name, zn::companion_abi::kPathSize);
   return g_control.result;
 }

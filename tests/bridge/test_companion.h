@@ -19,6 +19,7 @@ struct CompanionControl {
   int nameCount = 0;
   std::uint8_t deletedRow = 0;
   int selection = 0;
+  void (*whileSummaryIsOpen)() = nullptr;
 
   // What they were given.
   std::vector<int> ids;

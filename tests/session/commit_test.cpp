@@ -126,6 +126,9 @@ TEST_F(CommitTest, DerivedValues) {
 
 TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
   Open();
+  ASSERT_STRNE(sheet_->deviceProfilePath, "");
+  Session().CommitSession();
+  EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "") << "the fallback is not stored";
   sheet_->jobNameMode = JobNameMode::Entered;
   CopyText(sheet_->jobName, "report");
   CopyText(sheet_->deviceProfilePath, "ZN5050");
@@ -144,13 +147,6 @@ TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
   Session().DRVSetDWord(4348, 0);
   Session().CommitSession();
   EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 0u);
-}
-
-TEST_F(CommitTest, ProfileFallbackIsNotStored) {
-  Open();
-  ASSERT_STRNE(sheet_->deviceProfilePath, "");
-  Session().CommitSession();
-  EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "");
 }
 
 TEST_F(CommitTest, CoreDriversPart) {
@@ -186,6 +182,7 @@ TEST_F(CommitTest, NoRoomForTheCoreDriversPart) {
   sheet_->pPublicDM = nullptr;
   sheet_->pDevMode = nullptr;
   Session().CommitSession();
+  EXPECT_EQ(Session().SavePrinterDefault(), -1);
 }
 
 TEST_F(CommitTest, PrinterDefaultIsTheFullDevMode) {
@@ -206,15 +203,12 @@ TEST_F(CommitTest, PrinterDefaultIsTheFullDevMode) {
 
 TEST_F(CommitTest, PrinterDefaultThatCannotBeSaved) {
   Open();
-  sheet_->hPrinter = nullptr;
-  EXPECT_EQ(Session().SavePrinterDefault(), -1);
-  sheet_->hPrinter = queue_->Handle();
   CDevMode elsewhere = devMode_.block;
   sheet_->pDevMode = &elsewhere;
   EXPECT_EQ(Session().SavePrinterDefault(), -1) << "the DEVMODE does not carry the block";
-  sheet_->pPublicDM = nullptr;
+  sheet_->pDevMode = &devMode_.block;
+  sheet_->hPrinter = nullptr;
   EXPECT_EQ(Session().SavePrinterDefault(), -1);
-  EXPECT_EQ(CSession(nullptr).SavePrinterDefault(), -1);
 }
 
 }  // namespace

@@ -1,10 +1,11 @@
 // Set-up of the session against a real queue, and against stored settings that nobody can trust.
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "fake_stored.h"
-#include "session/keyword_table.h"
+#include "iat_patch.h"
+#include "session/forms.h"
 #include "session/session.h"
 #include "sheet_fixture.h"
 #include "test_queue.h"
@@ -12,7 +13,43 @@
 namespace zn::test {
 namespace {
 
-constexpr std::size_t kPrivateSize = sizeof(DriverPrivateDevMode) + kDevModeSize;
+using Bytes = std::vector<std::byte>;
+
+// What the fake spooler stores per user and for all: nothing when the call fails, empty without a
+// DEVMODE, else a DEVMODEA and what lies behind it.
+std::optional<Bytes> g_user;
+std::optional<Bytes> g_global;
+LONG g_driverSize = 0;  // of a full DEVMODEA, as the driver tells it
+
+BOOL WINAPI FakeGetPrinter(HANDLE printer, DWORD level, LPBYTE memory, DWORD size, LPDWORD need) {
+  if (level != 8 && level != 9) {
+    const HMODULE spooler = ::GetModuleHandleA("winspool.drv");
+    return reinterpret_cast<decltype(&::GetPrinterA)>(::GetProcAddress(spooler, "GetPrinterA"))(
+        printer, level, memory, size, need);
+  }
+  const std::optional<Bytes>& stored = level == 9 ? g_user : g_global;
+  PRINTER_INFO_9A info{};
+  *need = stored ? static_cast<DWORD>(sizeof info + stored->size()) : 0;
+  if (!stored || size < *need) {
+    return FALSE;
+  }
+  if (!stored->empty()) {
+    info.pDevMode = reinterpret_cast<DEVMODEA*>(memory + sizeof info);
+    std::memcpy(info.pDevMode, stored->data(), stored->size());
+  }
+  std::memcpy(memory, &info, sizeof info);
+  return TRUE;
+}
+
+LONG WINAPI FakeDocumentProperties(HWND, HANDLE, LPSTR, PDEVMODEA, PDEVMODEA, DWORD) {
+  return g_driverSize;
+}
+
+struct FakeSpooler {
+  ImportPatch getPrinter{::GetModuleHandleA(nullptr), "GetPrinterA", &FakeGetPrinter};
+  ImportPatch documentProperties{::GetModuleHandleA(nullptr), "DocumentPropertiesA",
+                                 &FakeDocumentProperties};
+};
 
 class SetupTest : public SheetTest {
  protected:
@@ -26,6 +63,9 @@ class SetupTest : public SheetTest {
     stored_.block.SetText(devmode::kAccountId, "account");
     stored_.block.SetDWord(devmode::kManagementMethod, 1);
     stored_.block.SetDWord(devmode::kOwnerNameSource, 1);
+    g_driverSize = static_cast<LONG>(StoredBytes().size());
+    g_user = StoredBytes();
+    g_global.reset();
   }
 
   void SetUpSession() {
@@ -34,14 +74,14 @@ class SetupTest : public SheetTest {
   }
 
   // The stored settings as the spooler answers them: DEVMODEA, driver's part and block.
-  [[nodiscard]] std::vector<std::byte> StoredBytes() const {
+  [[nodiscard]] Bytes StoredBytes() const {
+    const std::span rest = stored_.Bytes().subspan(sizeof stored_.open);
     DEVMODEA open{};
     open.dmSize = sizeof open;
-    open.dmDriverExtra = kPrivateSize;
-    std::vector<std::byte> bytes(sizeof open);
+    open.dmDriverExtra = static_cast<WORD>(rest.size());
+    Bytes bytes(sizeof open);
     std::memcpy(bytes.data(), &open, sizeof open);
-    const auto* const rest = reinterpret_cast<const std::byte*>(&stored_.driver);
-    bytes.insert(bytes.end(), rest, rest + kPrivateSize);
+    bytes.insert(bytes.end(), rest.begin(), rest.end());
     return bytes;
   }
 
@@ -74,44 +114,42 @@ TEST_F(SetupTest, LogonNameIsUsedOnlyForMethodOneAndSourceZero) {
     std::uint32_t method, source;
     const char* owner;
   };
-  const Row rows[] = {
-      {1, 0, logonName}, {1, 1, "stored owner"}, {0, 0, "stored owner"}, {2, 0, "stored owner"}};
-  FakeStored fake;
-  for (const Row& row : rows) {
+  const FakeSpooler fake;
+  for (const Row& row :
+       {Row{1, 0, logonName}, Row{1, 1, "stored owner"}, Row{0, 0, "stored owner"}}) {
     stored_.block.SetDWord(devmode::kManagementMethod, row.method);
     stored_.block.SetDWord(devmode::kOwnerNameSource, row.source);
-    fake.user = {FakeStored::Kind::Bytes, StoredBytes()};
+    g_user = StoredBytes();
     SetUpSession();
     EXPECT_EQ(Owner(), row.owner) << row.method << ", " << row.source;
   }
 }
 
-TEST_F(SetupTest, GlobalDefaultServesWhenTheUserHasNone) {
-  FakeStored fake;
-  fake.user.kind = FakeStored::Kind::NoDevMode;
-  fake.global = {FakeStored::Kind::Bytes, StoredBytes()};
+TEST_F(SetupTest, GlobalDefaultServesOnlyWhenTheUserHasNone) {
+  const FakeSpooler fake;
+  g_global = StoredBytes();
+  g_user.reset();
+  SetUpSession();
+  EXPECT_EQ(Owner(), "");
+  g_user.emplace();
   SetUpSession();
   EXPECT_EQ(Owner(), "stored owner");
 }
 
 TEST_F(SetupTest, BlockIsFoundByTheDriversSizeOrTheStoredOne) {
-  FakeStored fake;
-  std::vector<std::byte> bytes = StoredBytes();
-  bytes.resize(bytes.size() + 16);  // something behind the block
-  const auto full = static_cast<LONG>(bytes.size() - 16);
-  reinterpret_cast<DEVMODEA*>(bytes.data())->dmDriverExtra += 16;
-  fake.user = {FakeStored::Kind::Bytes, bytes};
-  fake.documentSize = full;
-  SetUpSession();
-  EXPECT_EQ(Owner(), "stored owner");
-
-  fake.user.bytes = StoredBytes();
-  for (const LONG other : {full + 1000, full - 1000, LONG{1}}) {
+  const FakeSpooler fake;
+  for (const LONG other : {g_driverSize + 1000, g_driverSize - 1000, LONG{1}}) {
     sheet_->jobValues = {};
-    fake.documentSize = other;
+    g_driverSize = other;
     SetUpSession();
     EXPECT_EQ(Owner(), "stored owner") << other;
   }
+  g_driverSize = static_cast<LONG>(g_user->size());
+  g_user->resize(g_user->size() + 16);  // something behind the block
+  reinterpret_cast<DEVMODEA*>(g_user->data())->dmDriverExtra += 16;
+  sheet_->jobValues = {};
+  SetUpSession();
+  EXPECT_EQ(Owner(), "stored owner");
 }
 
 TEST_F(SetupTest, UnusableStoredSettingsEndTheSetUp) {
@@ -121,19 +159,17 @@ TEST_F(SetupTest, UnusableStoredSettingsEndTheSetUp) {
   devMode_.block.SetDWord(9216, 5);
   const CDevMode before = devMode_.block;
   const auto damaged = [&](auto damage) {
-    std::vector<std::byte> bytes = StoredBytes();
+    Bytes bytes = StoredBytes();
     damage(bytes, *reinterpret_cast<DEVMODEA*>(bytes.data()));
-    return FakeStored::Answer{FakeStored::Kind::Bytes, bytes};
+    return bytes;
   };
-  using Bytes = std::vector<std::byte>;
-  const FakeStored::Answer answers[] = {
-      {FakeStored::Kind::Fails, {}},
-      {FakeStored::Kind::NoDevMode, {}},
-      {FakeStored::Kind::Bytes, Bytes(20)},
+  const std::optional<Bytes> answers[] = {
+      std::nullopt,
+      Bytes(),
+      Bytes(20),
       damaged([](Bytes& bytes, DEVMODEA&) { bytes.pop_back(); }),
       damaged([](Bytes& bytes, DEVMODEA&) { bytes.resize(sizeof(DEVMODEA)); }),
       damaged([](Bytes&, DEVMODEA& open) { open.dmDriverExtra += 1; }),
-      damaged([](Bytes&, DEVMODEA& open) { open.dmDriverExtra = 0xFFFF; }),
       damaged([](Bytes&, DEVMODEA& open) { open.dmDriverExtra = kDevModeSize - 1; }),
       damaged([](Bytes&, DEVMODEA& open) { open.dmDriverExtra = 0; }),
       damaged([](Bytes&, DEVMODEA& open) { open.dmSize = 0xFFFF; }),
@@ -141,12 +177,10 @@ TEST_F(SetupTest, UnusableStoredSettingsEndTheSetUp) {
       damaged(
           [](Bytes& bytes, DEVMODEA&) { bytes[bytes.size() - kDevModeSize + 4] ^= std::byte{1}; }),
   };
-  for (const FakeStored::Answer& answer : answers) {
+  const FakeSpooler fake;
+  for (const std::optional<Bytes>& answer : answers) {
     SCOPED_TRACE(&answer - answers);
-    FakeStored fake;
-    fake.user = answer;
-    fake.documentSize = static_cast<LONG>(StoredBytes().size());  // where a whole one has its block
-    fake.global.kind = FakeStored::Kind::Fails;
+    g_user = answer;
     SetUpSession();
     EXPECT_FALSE(sheet_->settingsRead);
     EXPECT_EQ(sheet_->Current(KW_STAPLE), 3u) << "what was found so far stands";
@@ -169,18 +203,6 @@ TEST_F(SetupTest, PrinterThatCannotBeReadStillBinds) {
   EXPECT_FALSE(sheet_->settingsRead);
 }
 
-TEST_F(SetupTest, FormNamesAreThePrintersPapers) {
-  SetUpSession();
-  ASSERT_EQ(GetFormsCount(), 3u);
-  const char* name = nullptr;
-  std::string names;
-  for (std::uint32_t form = 0; form < 3; ++form) {
-    ASSERT_EQ(GetFormsInfo(form, &name), 1);
-    names.append(name).append(";");
-  }
-  EXPECT_EQ(names, "A4;A3;B5;");
-}
-
 // Two papers, the first with a name that fills its 64 bytes; the second call may fail.
 int g_namesAnswer = 2;
 int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
@@ -192,23 +214,25 @@ int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMO
   return g_namesAnswer;
 }
 
-TEST_F(SetupTest, FormNamesEndWithinTheirPlace) {
+TEST_F(SetupTest, FormNamesAreThePrintersPapers) {
+  const auto form = [](std::uint32_t index) {
+    const char* name = "no table";
+    GetFormsInfo(index, &name);
+    return std::string(name);
+  };
+  SetUpSession();
+  EXPECT_EQ(GetFormsCount(), 3u);
+  EXPECT_EQ(form(2), "B5");
+
   const ImportPatch papers(::GetModuleHandleA(nullptr), "DeviceCapabilitiesA",
                            &FakeDeviceCapabilities);
-  g_namesAnswer = 2;
   SetUpSession();
-  const char* name = nullptr;
-  ASSERT_EQ(GetFormsInfo(0, &name), 1);
-  EXPECT_EQ(std::string(name), std::string(63, 'p'));
-  ASSERT_EQ(GetFormsInfo(1, &name), 1);
-  EXPECT_STREQ(name, "second");
-
+  EXPECT_EQ(form(0), std::string(63, 'p'));
+  EXPECT_EQ(form(1), "second");
   g_namesAnswer = -1;
   SetUpSession();
-  name = "before";
   EXPECT_EQ(GetFormsCount(), 0u);
-  EXPECT_EQ(GetFormsInfo(0, &name), 0);
-  EXPECT_STREQ(name, "before");
+  EXPECT_EQ(form(0), "no table");
 }
 
 TEST_F(SetupTest, JobValuesComeFromTheSheetsBlock) {
@@ -233,14 +257,10 @@ TEST_F(SetupTest, DevicesOwnChoicesComeFromTheSheetsBlock) {
     KeywordId id;
     std::uint32_t selection;
   };
-  constexpr Row kRows[] = {
-      {9216, 11, 67, 11},    {9220, 12, 68, 12},  {9224, 13, 69, 13},   {9228, 14, 70, 14},
-      {9232, 1, 2, 15},      {9236, 100, 3, 107}, {9240, 15, 32, 15},   {9244, 500, 35, 500},
-      {9248, 1, 127, 1},     {9252, 16, 143, 16}, {9256, 17, 145, 17},  {9260, 18, 73, 18},
-      {9264, 19, 83, 19},    {9268, 20, 87, 20},  {9272, 21, 90, 21},   {9276, 22, 94, 22},
-      {9280, 23, 96, 23},    {9284, 24, 107, 24}, {9288, 25, 135, 25},  {9292, 26, 188, 26},
-      {9296, 499, 151, 499}, {9300, 27, 163, 27}, {9304, 28, 173, 28},  {9308, 29, 178, 29},
-      {9312, 101, 186, 101}, {9316, 30, 185, 30}, {9320, 100, 216, 99}, {9324, 31, 237, 31}};
+  constexpr Row kRows[] = {{9228, 14, 70, 14},    {9232, 1, 2, 15},      {9236, 100, 3, 107},
+                           {9244, 500, 35, 500},  {9248, 1, 127, 1},     {9256, 17, 145, 17},
+                           {9288, 25, 135, 25},   {9296, 499, 151, 499}, {9308, 29, 178, 29},
+                           {9312, 101, 186, 101}, {9320, 100, 216, 99},  {9324, 31, 237, 31}};
   for (const Row& row : kRows) {
     devMode_.block.SetDWord(row.offset, row.stored);
   }
@@ -251,15 +271,12 @@ TEST_F(SetupTest, DevicesOwnChoicesComeFromTheSheetsBlock) {
   }
   EXPECT_EQ(sheet_->Default(KW_FORMNO), 1u);
   EXPECT_EQ(sheet_->Default(KW_WMSELECTION), 1u);
-}
 
-TEST_F(SetupTest, CustomColorNumbersOutOfRangeAreNone) {
-  queue_->StoreDevMode(stored_.Bytes());
   items_.AddKeyword(KW_CMYKSIMULATION, 3);
   for (const std::uint32_t number : {0u, 101u, 0xFFFFFFFFu}) {
     devMode_.block.SetDWord(devmode::kCustomCmyk, number);
     SetUpSession();
-    EXPECT_EQ(sheet_->Current(KW_CMYKSIMULATION), 3u) << number;
+    EXPECT_EQ(sheet_->Current(KW_CMYKSIMULATION), 3u) << number << " is no custom colour";
   }
 }
 
