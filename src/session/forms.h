@@ -1,4 +1,5 @@
-// The process-wide table of form names: those of the last session set-up.
+// The process-wide table of form names: those of the last session set-up. Without a lock, as the
+// core driver shows one sheet at a time.
 #pragma once
 
 #include <cstdint>
