@@ -118,11 +118,9 @@ int Rounds(Words words) {
 
 int RunSoak(Words words) {
   const int rounds = Rounds(words);
-  if (words.size() != 1 && (words.size() != 3 || std::strcmp(words[1], "--queue") != 0)) {
-    throw UsageError("soak: unknown words behind the number");
-  }
+  const SheetWords parsed = ParseSheetWords(words.subspan(1), {"--queue"});
   ::SetCurrentDirectoryA("C:\\");
-  const Queue queue(words.size() == 3 ? words[2] : kSampleQueue);
+  const Queue queue(parsed.queue);
   PlugIn plugIn(queue.PlugInPath());
   const FullDevMode start = DocumentSheet::StartDevMode(plugIn, queue);
   const CallCounter calls;

@@ -25,34 +25,6 @@ namespace {
 
 constexpr DWORD kSettleTime = 300;  // milliseconds until a page has drawn itself
 
-struct SheetWords {
-  std::string queue = kSampleQueue;
-  std::string shots;    // folder; empty: none
-  std::string devMode;  // file; empty: the queue's own
-  bool readOnly = false;
-};
-
-// Options of the sheet verbs: a name, and a value for those that take one.
-SheetWords ParseSheetWords(Words words, bool withDevMode) {
-  SheetWords parsed;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const std::string name = words[i];
-    if (name == "--read-only") {
-      parsed.readOnly = true;
-      continue;
-    }
-    std::string* value = name == "--queue"                    ? &parsed.queue
-                         : name == "--shots"                  ? &parsed.shots
-                         : name == "--devmode" && withDevMode ? &parsed.devMode
-                                                              : nullptr;
-    if (value == nullptr || i + 1 == words.size()) {
-      throw UsageError(value == nullptr ? "unknown word " + name : name + " needs a value");
-    }
-    *value = words[++i];
-  }
-  return parsed;
-}
-
 void PumpFor(PropertySheet& sheet, DWORD milliseconds) {
   const ULONGLONG end = ::GetTickCount64() + milliseconds;
   for (ULONGLONG now = ::GetTickCount64(); now < end; now = ::GetTickCount64()) {
@@ -135,6 +107,9 @@ std::optional<FullDevMode> ReadDevModeFile(const std::string& path) {
     return std::nullopt;
   }
   const auto bytes = ReadWholeFile(path);
+  if (!bytes && ::GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES) {
+    throw HostError("cannot read " + path);
+  }
   if (!bytes) {
     return std::nullopt;  // the first use writes it
   }
@@ -159,7 +134,7 @@ void Keep(const Queue& queue, const std::string& file, FullDevMode& devMode) {
 }  // namespace
 
 int RunInstall(Words words) {
-  const SheetWords parsed = ParseSheetWords(words, false);
+  const SheetWords parsed = ParseSheetWords(words, {"--queue"});
   InstallQueue(parsed.queue);
   const Queue queue(parsed.queue);
   const PlugIn plugIn(queue.PlugInPath());
@@ -171,7 +146,7 @@ int RunInstall(Words words) {
 }
 
 int RunPrefs(Words words) {
-  SheetWords parsed = ParseSheetWords(words, true);
+  SheetWords parsed = ParseSheetWords(words, {"--queue", "--shots", "--devmode"});
   EnterDriverDrive(parsed);
   const Queue queue(parsed.queue);
   PlugIn plugIn(queue.PlugInPath());
@@ -191,7 +166,7 @@ int RunPrefs(Words words) {
 }
 
 int RunProps(Words words) {
-  SheetWords parsed = ParseSheetWords(words, false);
+  SheetWords parsed = ParseSheetWords(words, {"--queue", "--shots", "--read-only"});
   EnterDriverDrive(parsed);
   const Queue queue(parsed.queue);
   PlugIn plugIn(queue.PlugInPath());

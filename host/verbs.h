@@ -2,19 +2,9 @@
 // come as HostError, bad words as UsageError.
 #pragma once
 
-#include <span>
-#include <string>
-#include <vector>
-
-#include "host/host_error.h"
+#include "host/words.h"
 
 namespace zn::host {
-
-struct UsageError : HostError {
-  using HostError::HostError;
-};
-
-using Words = std::span<const char* const>;
 
 int RunInstall(Words words);
 int RunPrefs(Words words);

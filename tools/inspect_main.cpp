@@ -32,7 +32,10 @@ int main(int argc, char** argv) {
   if (words.size() >= 2) {
     for (const Command& command : kCommands) {
       if (command.name == words[1]) {
-        return command.run(words.subspan(2));
+        const int code = command.run(words.subspan(2));
+        return std::fflush(stdout) == 0 && std::ferror(stdout) == 0
+                   ? code
+                   : Fail(kFailed, "the output cannot be written");
       }
     }
   }

@@ -12,6 +12,7 @@
 #include "res/resource_ids.h"
 #include "tests/host/dialog_driver.h"
 #include "tests/host/host_fixture.h"
+#include "tests/support/iat_patch.h"
 #include "tests/support/user_registry.h"
 
 namespace zn::test {
@@ -171,6 +172,39 @@ TEST_F(AuthenticationDialogTest, StoresTheUsersDataAndShowsThemAgain) {
   PressButton(true);
   EXPECT_EQ(Text("SpecifyJobOwnerName_User"), "LoginName");
   EXPECT_EQ(Text("JobOwnerName_User"), "Yamada");
+}
+
+decltype(&::GetPrinterA) g_getPrinter;
+
+BOOL WINAPI GetPrinterOfAServer(HANDLE printer, DWORD level, BYTE* memory, DWORD size,
+                                DWORD* need) {
+  static char server[] = "\\\\server";
+  const BOOL told = g_getPrinter(printer, level, memory, size, need);
+  if (told != FALSE && level == 2 && memory != nullptr) {
+    auto* info = reinterpret_cast<PRINTER_INFO_2A*>(memory);
+    info->pServerName = server;
+    info->Attributes |= PRINTER_ATTRIBUTE_SHARED;
+  }
+  return told;
+}
+
+TEST_F(AuthenticationDialogTest, JobsToASharedPrinterCarryTheEnteredData) {
+  {
+    const Unattended answer("ok;method=2;name=Yamada;password=secret;account=42");
+    PressButton(true);
+  }
+  const host::FullDevMode before = Defaults();
+  const ImportPatch spooler(plugIn_->Module(), "GetPrinterA", &GetPrinterOfAServer);
+  g_getPrinter = spooler.Original<std::remove_pointer_t<decltype(g_getPrinter)>>();
+  const host::FullDevMode job = DocumentSheet::StartDevMode(*plugIn_, *queue_, &before);
+  const CDevMode& block = job.Private().block;
+  EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), 2u);
+  EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), 1u);
+  EXPECT_EQ(block.GetText(devmode::kJobOwnerName), "Yamada");
+  EXPECT_EQ(block.GetText(devmode::kAccountId), "42");
+  std::string password(block.GetText(devmode::kJobOwnerPassword));
+  ddb::UnscramblePassword(password);
+  EXPECT_EQ(password, "secret");
 }
 
 TEST_F(AuthenticationDialogTest, WithoutPermissionNothingCanBeChanged) {

@@ -58,7 +58,8 @@ void Click(HWND page, int button) {
 
 void Enter(HWND page, int edit, const char* text) {
   ASSERT_NE(::GetDlgItem(page, edit), nullptr) << "control " << edit;
-  ::SetDlgItemTextA(page, edit, text);
+  // By message, so that the sheets of other processes can be worked, too.
+  ::SendDlgItemMessageA(page, edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
 }
 
 int Chosen(HWND page, int list) {
@@ -71,7 +72,8 @@ bool IsChecked(HWND page, int button) {
 
 std::string TextOf(HWND page, int control) {
   std::array<char, 1024> text{};
-  ::GetDlgItemTextA(page, control, text.data(), static_cast<int>(text.size()));
+  ::SendDlgItemMessageA(page, control, WM_GETTEXT, text.size(),
+                        reinterpret_cast<LPARAM>(text.data()));
   return text.data();
 }
 

@@ -1,52 +1,203 @@
 // znhost as its user calls it.
+#include <windows.h>
+// This must come behind windows.h.
+#include <prsht.h>
+
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "host/files.h"
+#include "platform/handles.h"
+#include "res/resource_ids.h"
 #include "tests/host/host_fixture.h"
 
 namespace zn::test {
 namespace {
 
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+constexpr DWORD kPatience = 60'000;  // milliseconds until a sheet counts as missing
+
 struct Outcome {
   int code;
-  std::string output;  // both streams
+  std::string output;  // both streams; line ends are \n
+};
+
+// A run of the program.
+class HostProgram {
+ public:
+  explicit HostProgram(const std::string& words)
+      : pipe_(::_popen(
+            ("\"\"" + host::ProgramFolder() + "znhost.exe\" " + words + " 2>&1\"").c_str(), "r")) {}
+  ~HostProgram() {
+    if (pipe_ != nullptr) {  // the test gave up: an open sheet would be waited for
+      ::PostMessageA(sheet_, WM_CLOSE, 0, 0);
+      ::_pclose(pipe_);
+    }
+  }
+  HostProgram(const HostProgram&) = delete;
+  HostProgram& operator=(const HostProgram&) = delete;
+
+  // Waits for the sheet of the queue and shows one of its pages; null when there is none.
+  HWND ShowPage(const std::string& queue, int index) {
+    const ULONGLONG end = ::GetTickCount64() + kPatience;
+    Search search{queue, nullptr};
+    while (search.found == nullptr && ::GetTickCount64() < end) {
+      ::Sleep(50);
+      ::EnumWindows(&FindSheet, reinterpret_cast<LPARAM>(&search));
+    }
+    sheet_ = search.found;
+    ::SendMessageA(sheet_, PSM_SETCURSEL, static_cast<WPARAM>(index), 0);
+    return reinterpret_cast<HWND>(::SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0));
+  }
+  void PressOk() { ::SendMessageA(sheet_, WM_COMMAND, IDOK, 0); }
+
+  Outcome Finish() {
+    std::string output;
+    char part[256];
+    while (std::fgets(part, sizeof part, pipe_) != nullptr) {
+      output += part;
+    }
+    return {::_pclose(std::exchange(pipe_, nullptr)), output};
+  }
+
+ private:
+  struct Search {
+    const std::string& queue;
+    HWND found;
+  };
+  static BOOL CALLBACK FindSheet(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    char title[128]{};
+    ::GetWindowTextA(window, title, sizeof title);
+    if (::IsWindowVisible(window) && std::string_view(title).starts_with(search.queue + ' ')) {
+      search.found = window;
+    }
+    return search.found == nullptr;
+  }
+
+  FILE* pipe_;
+  HWND sheet_ = nullptr;
 };
 
 Outcome RunHost(const std::string& words) {
-  const std::string command = "\"\"" + host::ProgramFolder() + "znhost.exe\" " + words + " 2>&1\"";
-  FILE* pipe = ::_popen(command.c_str(), "rb");
-  if (pipe == nullptr) {
-    return {-1, {}};
-  }
-  std::string output;
-  char part[256];
-  while (const std::size_t count = std::fread(part, 1, sizeof part, pipe)) {
-    output.append(part, count);
-  }
-  return {::_pclose(pipe), output};
+  return HostProgram(words).Finish();
 }
 
-TEST(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
-  for (const char* words : {"", "dance", "soak 0", "soak five", "prefs --shots", "prefs --devmod x",
-                            "event delete", "install --queue"}) {
-    const Outcome outcome = RunHost(words);
-    EXPECT_EQ(outcome.code, 2) << words;
-    EXPECT_TRUE(outcome.output.starts_with("znhost: ")) << words;
-    EXPECT_EQ(std::count(outcome.output.begin(), outcome.output.end(), '\n'), 1)
-        << words << ": " << outcome.output;
+class HostProgramTest : public HostTest {
+ protected:
+  HostProgramTest() {
+    char folder[MAX_PATH]{};
+    ::GetTempPathA(sizeof folder, folder);
+    file_ = folder + std::string("zn host test.devmode");
+    ::DeleteFileA(file_.c_str());
+  }
+  ~HostProgramTest() override { ::DeleteFileA(file_.c_str()); }
+
+  [[nodiscard]] std::string PrefsWords() const {
+    return "prefs --queue \"" + queue_->Name() + "\" --devmode \"" + file_ + '"';
+  }
+
+  std::string file_;
+};
+
+TEST_F(HostProgramTest, DevModeFileCarriesTheSettingsFromSheetToSheet) {
+  {
+    HostProgram program(PrefsWords());
+    const HWND page = program.ShowPage(queue_->Name(), kJobPage);
+    Choose(page, IDC_JOB_COLOR_MODE, 1);
+    Choose(page, IDC_JOB_PRINTER_MODE, 2);
+    Click(page, IDC_JOB_SPOOL_AFTER_PRINT);
+    Click(page, IDC_JOB_NAME_ENTERED);
+    Enter(page, IDC_JOB_NAME, "report");
+    program.PressOk();
+    const auto [code, output] = program.Finish();
+    EXPECT_EQ(code, 0);
+    EXPECT_THAT(Lines(output, "closed:"), ElementsAre("OK"));
+    const auto options =
+        UnorderedElementsAre("ColorModel: CMYK -> Gray", "ZNPrinterMode: Option0 -> Option2",
+                             "ZNSpoolOption: Option0 -> Option1");
+    EXPECT_THAT(Lines(output, "update"), options);
+    EXPECT_THAT(Lines(output, "option"), options);
+    EXPECT_THAT(Lines(output, "block"), Contains("2160 job name: \"\" -> \"report\""));
+    EXPECT_THAT(Lines(output, "stored:"), ElementsAre(file_));
+  }
+  HostProgram program(PrefsWords());
+  const HWND page = program.ShowPage(queue_->Name(), kJobPage);
+  EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), 1);
+  EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), 2);
+  EXPECT_TRUE(IsChecked(page, IDC_JOB_SPOOL_AFTER_PRINT));
+  EXPECT_EQ(TextOf(page, IDC_JOB_NAME), "report");
+  program.PressOk();
+  const auto [code, output] = program.Finish();
+  EXPECT_EQ(code, 0);
+  for (const char* changed : {"update", "option", "block"}) {
+    EXPECT_THAT(Lines(output, changed), IsEmpty());
   }
 }
 
-TEST(HostProgramTest, PrinterEventIsHandedOn) {
-  const Outcome outcome = RunHost("event delete \"ZN No Such Printer\"");
-  EXPECT_EQ(outcome.code, 0);
-  EXPECT_EQ(outcome.output, "event delete ZN No Such Printer: 0x80004001\r\n");  // E_NOTIMPL
+TEST_F(HostProgramTest, UnusableFilesFailInOneLine) {
+  ASSERT_TRUE(host::WriteWholeFile(file_, "no DEVMODE"));
+  EXPECT_EQ(RunHost(PrefsWords()).output, "znhost: not a DEVMODE of this host: " + file_ + '\n');
+  ::DeleteFileA(file_.c_str());
+  ::CreateDirectoryA(file_.c_str(), nullptr);
+  const auto [code, output] = RunHost(PrefsWords());
+  ::RemoveDirectoryA(file_.c_str());
+  EXPECT_EQ(code, 1);
+  EXPECT_EQ(output, "znhost: cannot read " + file_ + '\n');
 }
 
-TEST(HostProgramTest, UnknownQueueFailsInOneLine) {
-  const Outcome outcome = RunHost("prefs --queue \"no such queue\"");
-  EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(outcome.output, "znhost: no such queue: no such queue\r\n");
+TEST_F(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
+  for (const char* words :
+       {"", "dance", "soak 0", "soak five", "soak 2 --shots x", "soak 2 --queue", "prefs --shots",
+        "prefs --devmod x", "prefs --read-only", "props --devmode x", "event delete",
+        "install --shots x"}) {
+    const auto [code, output] = RunHost(words);
+    EXPECT_EQ(code, 2) << words;
+    EXPECT_TRUE(output.starts_with("znhost: ")) << words;
+    EXPECT_EQ(std::ranges::count(output, '\n'), 1) << words << ": " << output;
+  }
+}
+
+TEST_F(HostProgramTest, UnknownQueueFailsInOneLine) {
+  const auto [code, output] = RunHost("prefs --queue \"no such queue\"");
+  EXPECT_EQ(code, 1);
+  EXPECT_EQ(output, "znhost: no such queue: no such queue\n");
+}
+
+TEST_F(HostProgramTest, DeletedPrinterLosesItsUserData) {
+  const std::string root = "Software\\Zentrik\\ZN Print Driver Data";
+  const std::string keys[] = {root + "\\ZN No Such Printer", root + "\\ZN No Such Printer 2"};
+  const auto exists = [](const std::string& key) {
+    HKEY opened = nullptr;
+    ::RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &opened);
+    return static_cast<bool>(UniqueKey(opened));
+  };
+  for (const std::string& key : keys) {
+    ::RegSetKeyValueA(HKEY_CURRENT_USER, (key + "\\UserInfo").c_str(), "AccountID_User", REG_SZ,
+                      "1", 2);
+    EXPECT_TRUE(exists(key));
+  }
+  const auto [code, output] = RunHost("event delete \"ZN No Such Printer\"");
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(output, "event delete ZN No Such Printer: 0x80004001\n");  // E_NOTIMPL
+  EXPECT_FALSE(exists(keys[0]));
+  EXPECT_TRUE(exists(keys[1]));
+  ::RegDeleteTreeA(HKEY_CURRENT_USER, keys[1].c_str());
+}
+
+TEST_F(HostProgramTest, SoakReportsTimesLoadsAndNoGrowth) {
+  const auto [code, output] = RunHost("soak 5 --queue \"" + queue_->Name() + '"');
+  EXPECT_EQ(code, 0) << output;
+  for (const char* line : {"rounds: 5\n", "\nopen: ", "\ncompanion loads: ", "\nGDI objects: ",
+                           "\nwindows: ", "\nhandles: ", "\nheap blocks: "}) {
+    EXPECT_THAT(output, HasSubstr(line));
+  }
 }
 
 }  // namespace
