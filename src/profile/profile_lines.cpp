@@ -176,8 +176,7 @@ void TakeValue(std::string_view line, NextCharacter& equals, CProfileInfo::ItemT
       continue;
     }
     seen.set(key.item);
-    const auto place = static_cast<std::size_t>(key.text.data() - line.data());
-    if (line.substr(0, place + key.text.size() - 1).find(key.text) == line.npos) {
+    if (Between(line.data(), key.text.data()).find(key.text) == line.npos) {
       taken = key.item;
       value = at + 1;
     }

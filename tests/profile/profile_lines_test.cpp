@@ -53,7 +53,8 @@ TEST(ProfileLines, MarkTheItemsTheyName) {
       {"HasOption_ZNPunch=true Watermark2=x\n", {15, 57}},  // flags do not end the line
       {"Watermark=x\nWatermark0=x\nWatermark01=x\nWatermark101=x\nWatermark1000=x\n", {}},
       {"CustomPaperName21=x\nCustomPaperName1 =x\n=x\nWatermark1\n", {}},
-      {"Watermark2=Watermark1=x\n", {56}},              // the lower item comes first in the walk
+      {"Watermark2=Watermark1=x\n", {56}},  // the lower item comes first in the walk
+      {"Watermark1=Watermark2=x\n", {56}},
       {"Watermark10 Watermark1=x\n", {}},               // only the first occurrence counts
       {"Watermark10 Watermark1=Watermark2=x\n", {57}},  // and the walk goes on behind it
       {"TrappingProfile100=a CustomPaperName20=b", {45}},
@@ -92,16 +93,17 @@ TEST(ProfileLines, ValuesAreTheRestOfTheLineAsItStands) {
 // overlap, repeat and interrupt each other.
 TEST(ProfileLines, AnswerAsTheItemByItemWalk) {
   static constexpr std::string_view kPieces[] = {
-      "HasOption_", "InputSlot",  "OutputTray_StackerTray",
-      "ZNStaple",   "SBFinisher", "_",
-      "true",       "Tray1",      "Manual",
-      "Tray8",      "=",          "=",
-      "Watermark",  "Watermark",  "CustomPaperName",
-      "Trapping",   "Profile",    "TrappingProfile",
-      "1",          "0",          "2",
-      "10",         "100",        "\n",
-      "\n",         "\r\n",       "\r",
-      " ",          "x"};
+      "HasOption_", "InputSlot",   "OutputTray_StackerTray",
+      "ZNStaple",   "SBFinisher",  "_",
+      "true",       "Tray1",       "Manual",
+      "Tray8",      "=",           "=",
+      "Watermark",  "Watermark1=", "CustomPaperName",
+      "Trapping",   "Profile",     "TrappingProfile",
+      "1",          "0",           "2",
+      "Watermark",  "Watermark2=", "10",
+      "100",        "\n",          "\n",
+      "\r\n",       "\r",          " ",
+      "x"};
   std::mt19937 random(4711);
   for (int round = 0; round < 4000; ++round) {
     std::string text;

@@ -72,7 +72,7 @@ int FakeLabel(int* id, char* text, unsigned long size) {
 
 int FakeOption(int* id, char* text, unsigned long size, int* index) {
   if (*index == 21) {
-    return std::snprintf(text, size, "%s", ("x" + std::string(100, '\x83')).c_str());
+    return std::snprintf(text, size, "%s", ("xx" + std::string(100, '\x83')).c_str());
   }
   return std::snprintf(text, size, "O%d.%d", *id, *index);
 }
@@ -180,7 +180,7 @@ TEST_F(RestrictionQuestionTest, LongOptionNamesAreCutBetweenCharacters) {
   KeywordId keyword = kNoKeyword;
   EXPECT_EQ(CheckRestriction(nullptr, *sheet_, restriction::kDuplex, answer, keyword), 1);
   ASSERT_THAT(boxes, SizeIs(1));
-  EXPECT_TRUE(boxes[0].text.starts_with("\"K14-x" + std::string(62, '\x83') + "\""))
+  EXPECT_TRUE(boxes[0].text.starts_with("\"K14-xx" + std::string(60, '\x83') + "\""))
       << boxes[0].text;
 }
 
