@@ -3,23 +3,12 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/code_page.h"
 #include "profile/profile_info.h"
 #include "tools/commands.h"
 
-#ifdef _WIN32
-#include <windows.h>
-#endif
-
 namespace zn::inspect {
 namespace {
-
-unsigned AnsiCodePage() {
-#ifdef _WIN32
-  return ::GetACP();
-#else
-  return 932;  // profiles are written for Japanese systems
-#endif
-}
 
 void PrintNumbers(const char* name, std::span<const std::uint32_t> numbers) {
   std::printf("%s=", name);
@@ -51,7 +40,7 @@ int RunProfile(Arguments arguments) {
   }
   CProfileInfo profile;
   // Without a readable file everything counts as installed, for the driver as here.
-  profile.ReadProfile(arguments[0], AnsiCodePage());
+  profile.ReadProfile(arguments[0], SystemCodePage());
 
   std::array<std::uint32_t, CProfileInfo::kTrayCount> trays{};
   std::array<std::uint32_t, CProfileInfo::kOutputCount + 1> outputs{};

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "ddb/print_option.h"
+#include "platform/code_page.h"
 
 namespace zn {
 
@@ -34,7 +35,7 @@ struct FavoriteEntry {
   std::string pageSizeName;
   std::string folder;
   std::string name;  // file name without extension
-  ddb::CPrintOptionEx option{true};
+  ddb::CPrintOptionEx option{SystemCodePage() == kJapaneseCodePage};
 };
 
 // The key texts as the string table yields them; empty when it does not.

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/code_page.h"
 #include "platform/spooler.h"
 #include "session/job_values.h"
 
@@ -24,7 +25,7 @@ std::string FolderOf(const char* path) {
 }  // namespace
 
 bool UpdateProfile(CProfileInfo& profile, const SheetContext& sheet) {
-  const UINT codePage = ::GetACP();
+  const std::uint32_t codePage = SystemCodePage();
   const DriverInfo2 driver(sheet.hPrinter);
   const std::string folder =
       driver && driver->pDataFile != nullptr ? FolderOf(driver->pDataFile) : std::string();
