@@ -22,7 +22,8 @@ void Require(bool condition) {
 bool IsComplete(const zn::FavoriteEntry& entry, std::string_view file) {
   for (const zn::ListedTag& tag : zn::GetFavoriteTagList()) {
     const std::string item = std::string(tag.name) + "=";
-    if (!zn::test::ListedValue(entry, tag).empty() && file.find(item) == std::string_view::npos) {
+    if (zn::test::IsSpecified(entry, tag) && !zn::test::ListedValue(entry, tag).empty() &&
+        file.find(item) == std::string_view::npos) {
       return false;
     }
   }

@@ -20,6 +20,14 @@ std::uint32_t ScanDigits(std::string_view text) noexcept {
   return number;
 }
 
+std::int32_t ValueOf(const CPrintOptionEx& record, const ExtendedTag& tag) noexcept {
+  return tag.IsField() ? GetInteger(record.m_Body, tag.Field()) : record.m_Extended[tag.value];
+}
+
+std::int32_t Clamp(const ExtendedTag& tag, std::int32_t number) noexcept {
+  return tag.highest != 0 ? std::clamp(number, tag.lowest, tag.highest) : number;
+}
+
 }  // namespace
 
 const ExtendedTag* FindExtendedTag(std::string_view name) noexcept {
@@ -30,8 +38,8 @@ const ExtendedTag* FindExtendedTag(std::string_view name) noexcept {
 void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
                         std::string_view value) noexcept {
   auto number = static_cast<std::int32_t>(ScanDigits(value));
-  if (tag.highest != 0 && !(tag.takesNoCode && number == kNoCode)) {
-    number = std::clamp(number, tag.lowest, tag.highest);
+  if (!(tag.takesNoCode && number == kNoCode)) {
+    number = Clamp(tag, number);
   }
   if (tag.IsField()) {
     SetInteger(record.m_Body, tag.Field(), number);
@@ -42,9 +50,12 @@ void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
 
 std::string_view ExtendedValueText(const CPrintOptionEx& record, const ExtendedTag& tag,
                                    NumberText& scratch) noexcept {
-  return FormatInteger(
-      tag.IsField() ? GetInteger(record.m_Body, tag.Field()) : record.m_Extended[tag.value],
-      scratch);
+  return FormatInteger(ValueOf(record, tag), scratch);
+}
+
+bool ComesBack(const CPrintOptionEx& record, const ExtendedTag& tag) noexcept {
+  const std::int32_t value = ValueOf(record, tag);
+  return value >= 0 && Clamp(tag, value) == value;
 }
 
 bool ExchangeExtTag(const char* tag, char* valueText, CPrintOptionEx& record, bool readDirection,

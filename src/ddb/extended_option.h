@@ -75,4 +75,7 @@ void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
                                                  const ExtendedTag& tag,
                                                  NumberText& scratch) noexcept;
 
+// Whether that text would be read back as the same value: not below zero, nor beyond the clamp.
+[[nodiscard]] bool ComesBack(const CPrintOptionEx& record, const ExtendedTag& tag) noexcept;
+
 }  // namespace ddb

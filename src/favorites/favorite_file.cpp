@@ -62,6 +62,11 @@ std::string_view GetItemValue(const ddb::CPrintOptionEx& option, const ListedTag
 // Adds the record's items; stops at the first one that does not fit.
 void PlaceItems(const ddb::CPrintOptionEx& option, ItemLine& line) {
   for (const ListedTag& tag : GetFavoriteTagList()) {
+    // Not specified: the digit scan would read "-1" as 1.
+    if (tag.extended != nullptr && !ddb::ComesBack(option, *tag.extended)) {
+      line.Remove(tag.name);
+      continue;
+    }
     ddb::NumberText scratch;
     std::string text;
     std::string_view value = GetItemValue(option, tag, scratch);

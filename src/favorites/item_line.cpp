@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ddb/extended_option.h"
 #include "ddb/name_index.h"
 
 namespace zn {
@@ -10,6 +11,24 @@ namespace {
 constexpr std::size_t kMaxValue = 599;  // bytes; more than any value needs
 constexpr std::uint32_t kEndTabs = 2;
 constexpr std::size_t kSlots = 4096;  // a power of two, well above the items that a line can hold
+
+// The name under which a reader's field is written: readers take "pg_numbr" for PG_NUMBR, so its
+// item has to be found, too. Any other tag is its own name.
+std::string_view WrittenName(std::string_view tag) noexcept {
+  if (std::ranges::all_of(tag, [](char c) { return ddb::UpperCase(c) == c; })) {
+    return tag;
+  }
+  const ddb::Tag* const field = ddb::FindTag(tag);
+  if (field == nullptr) {
+    return tag;
+  }
+  for (const ddb::ExtendedTag& extended : ddb::kExtendedTags) {
+    if (extended.IsField() && &extended.Field() == field) {
+      return extended.name;
+    }
+  }
+  return field->name;
+}
 
 }  // namespace
 
@@ -67,7 +86,7 @@ ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
   ItemReader::Item item;
   while (reader.ReadPrintOptionOne(item)) {
     const std::size_t end = std::min(kept.find_first_not_of('\t', reader.End()), kept.size());
-    Add(Store(item.tag), Store(item.text), end - reader.End());
+    Add(Store(WrittenName(item.tag)), Store(item.text), end - reader.End());
   }
   // What the end of the room cut off has no whole value and must not look like an item.
   if (kept.size() < old.size() || item.text.empty()) {
@@ -77,7 +96,7 @@ ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
     tail_ = Store(item.text);
     size_ += tail_.size;
   } else if (size_ + item.text.size() + kEndTabs <= kMaxItemLine) {
-    Add(Store(item.tag), Store(item.text), kEndTabs);
+    Add(Store(WrittenName(item.tag)), Store(item.text), kEndTabs);
   }
 }
 

@@ -50,7 +50,7 @@ class ItemLine {
   // `old`: the line to build upon, up to its LF. What does not fit is left out, item by item.
   explicit ItemLine(std::string_view old = {});
 
-  // Whether the line holds an item of this tag, spelled so.
+  // Whether the line holds an item that a reader takes for this tag.
   [[nodiscard]] bool Has(std::string_view tag) const noexcept { return Find(tag) != kNone; }
 
   // Replaces the tag's items where they stand, or appends one. False, and nothing changed, when the

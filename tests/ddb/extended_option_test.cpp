@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+
 #include "tests/ddb/body_bytes.h"
 
 namespace ddb {
@@ -22,31 +23,32 @@ bool Read(CPrintOptionEx& record, const char* tag, std::string value) {
 TEST(ExchangeExtTag, ReadsWithItsOwnDigitScan) {
   struct Row {
     const char* tag;
-    std::string value;
+    const char* value;
     const char* written;  // afterwards
   };
+  // clang-format off
   const Row rows[] = {
-      {"EXT_PSLLV", "2", "2"},          {"EXT_NUP", "12", "12"},
-      {"EXT_NUP", "1x2", "102"},        {"EXT_NUP", "-5", "5"},
-      {"EXT_NUP", "5-", "50"},          {"EXT_NUP", "", "0"},
-      {"EXT_NUP", " 7", "7"},           {"EXT_NUP", "4294967295", "-1"},
-      {"EXT_NUP", "4294967301", "5"},   {"EXT_NUP", "2147483648", "-2147483648"},
-      {"GR_DEPTH", "30", "50"},         {"GR_DEPTH", "600", "600"},
-      {"GR_DEPTH", "2400", "1200"},     {"GR_DEPTH", "4294967295", "-1"},
-      {"GR_DEPTH", "4294967294", "50"}, {"GR_DEPTH", "-1", "50"},
-      {"PG_NUMBR", "0", "1"},           {"PG_NUMBR", "10000", "9999"},
-      {"PG_NUMBR", "4294967295", "1"},  {"PG_MAGNI", "0", "0"},
-      {"PG_MAGNI", "99999", "99999"},   {"EXT_PAGEORDER", "1", "1"},
+      {"EXT_PSLLV", "2", "2"}, {"EXT_NUP", "1x2", "102"}, {"EXT_NUP", "-5", "5"},
+      {"EXT_NUP", "5-", "50"}, {"EXT_NUP", "", "0"}, {"EXT_NUP", " 7", "7"},
+      {"EXT_NUP", "4294967295", "-1"}, {"EXT_NUP", "4294967301", "5"},
+      {"EXT_NUP", "2147483648", "-2147483648"}, {"GR_DEPTH", "30", "50"}, {"GR_DEPTH", "600", "600"},
+      {"GR_DEPTH", "2400", "1200"}, {"GR_DEPTH", "4294967295", "-1"},
+      {"GR_DEPTH", "4294967294", "50"}, {"GR_DEPTH", "-1", "50"}, {"PG_NUMBR", "0", "1"},
+      {"PG_NUMBR", "10000", "9999"}, {"PG_NUMBR", "4294967295", "1"}, {"PG_MAGNI", "0", "0"},
+      {"PG_MAGNI", "99999", "99999"},
   };
+  // clang-format on
   for (const Row& row : rows) {
     CPrintOptionEx record(true);
     EXPECT_TRUE(Read(record, row.tag, row.value));
     EXPECT_EQ(Written(record, row.tag), row.written) << row.tag << " " << row.value;
+    EXPECT_EQ(ComesBack(record, *FindExtendedTag(row.tag)), row.written[0] != '-') << row.value;
   }
 }
 
 TEST(ExchangeExtTag, KnowsItsTagsInUpperCaseOnly) {
   const CPrintOptionEx fresh(true);
+  EXPECT_FALSE(ComesBack(fresh, *FindExtendedTag("PG_NUMBR")));  // 0 would come back as 1
   CPrintOptionEx record(true);
   for (const char* tag : {"ext_nup", "EXT_NU", "EXT_NUPB", "PG_PSIZE", "PG_PPSIZEX", ""}) {
     EXPECT_FALSE(Read(record, tag, "5")) << tag;
@@ -56,15 +58,7 @@ TEST(ExchangeExtTag, KnowsItsTagsInUpperCaseOnly) {
   EXPECT_EQ(record.m_Extended, fresh.m_Extended);
 }
 
-TEST(ExchangeExtTag, PaperSizeTagsAreCrossed) {
-  CPrintOptionEx record(true);
-  Read(record, "EXT_PGSIZE", "5");
-  Read(record, "PG_PPSIZE", "7");
-  EXPECT_EQ(record.m_Body.PG_PPSIZE, 5);
-  EXPECT_EQ(record.m_Body.PG_PSIZE, 7);
-}
-
-TEST(ExchangeExtTag, EveryTagHasAPlaceOfItsOwn) {
+TEST(ExchangeExtTag, EveryTagHasAPlaceOfItsOwnAndPaperSizesAreCrossed) {
   CPrintOptionEx record(true);
   for (std::size_t i = 0; i < kExtendedTags.size(); ++i) {
     Read(record, kExtendedTags[i].name.data(), std::to_string(100 + i));
@@ -72,8 +66,10 @@ TEST(ExchangeExtTag, EveryTagHasAPlaceOfItsOwn) {
   for (std::size_t i = 0; i < kExtendedTags.size(); ++i) {
     EXPECT_EQ(Written(record, kExtendedTags[i].name.data()), std::to_string(100 + i));
   }
-  EXPECT_EQ(record.m_Extended[EXT_PSLLV], 115);
+  EXPECT_EQ(record.m_Body.PG_PPSIZE, 100);
+  EXPECT_EQ(record.m_Body.PG_PSIZE, 101);
   EXPECT_EQ(record.m_Body.PG_PTRAY, 109);
+  EXPECT_EQ(record.m_Extended[EXT_PSLLV], 115);
 }
 
 }  // namespace

@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <random>
 #include <string>
-#include <vector>
+
 #include "tests/ddb/body_bytes.h"
 
 namespace ddb {
@@ -33,44 +34,27 @@ TEST(ExchangeTag, ReadsEachKindByItsRules) {
     std::string value;
     std::string written;  // afterwards
   };
+  // clang-format off
   const Row rows[] = {
-      {"CL_CMODE", "12abc", "12"},
-      {"CL_CMODE", "2147483648", "0"},
-      {"CL_CMODE", "-3", "-3"},
-      {"CL_CMODE", "", "0"},
-      {"PG_NUMBR", "3", "3"},
-      {"pg_numbr", "0", "1"},
-      {"PG_NUMBR", "12000", "9999"},
-      {"PG_NUMBR", "abc", "1"},
-      {"PG_NUMBR", "9999", "9999"},
-      {"PG_PPSIZEX", "210.004", "210.00"},
-      {"PG_PPSIZEX", "0", "0.0"},
-      {"PG_PPSIZEX", "0.05", "0.05"},
-      {"PG_PPSIZEX", "-0.01", "42949672.95"},
-      {"OUT_PPSWM", "12.34", "12.3"},
-      {"OUT_PPSWM", "0.0", "0.0"},
-      {"BUILD_COVER_FRONT", "5", "1"},
-      {"BUILD_COVER_FRONT", "-1", "1"},
-      {"BUILD_COVER_REVERSE", "x", "0"},
-      {"CBS_PRT", "2", "2"},
-      {"CBS_PRT", "-1", "-1"},
-      {"CBS_PRT", "7", "-1"},  // masked to 3
-      {"CBS_PRT", "6", "2"},
-      {"CBS_PG", "16382", "16382"},
-      {"CBS_PG", "-1", "-1"},
-      {"CBS_PG", "16385", "1"},
-      {"PG_SIZEX", "7", "(untouched)"},
-      {"PG_RTEXT", "1-3, 5 = x", "1-3, 5 = x"},
+      {"CL_CMODE", "12abc", "12"}, {"CL_CMODE", "2147483648", "0"}, {"CL_CMODE", "-3", "-3"},
+      {"CL_CMODE", "", "0"}, {"pg_numbr", "0", "1"}, {"PG_NUMBR", "12000", "9999"},
+      {"PG_NUMBR", "abc", "1"}, {"PG_NUMBR", "9999", "9999"}, {"PG_PPSIZEX", "210.004", "210.00"},
+      {"PG_PPSIZEX", "0", "0.0"}, {"PG_PPSIZEX", "0.05", "0.05"},
+      {"PG_PPSIZEX", "-0.01", "42949672.95"}, {"OUT_PPSWM", "12.34", "12.3"},
+      {"OUT_PPSWM", "0.0", "0.0"}, {"BUILD_COVER_FRONT", "5", "1"}, {"BUILD_COVER_FRONT", "-1", "1"},
+      {"BUILD_COVER_REVERSE", "x", "0"}, {"CBS_PRT", "2", "2"}, {"CBS_PRT", "-1", "-1"},
+      {"CBS_PRT", "7", "-1"}, {"CBS_PRT", "6", "2"}, {"CBS_PG", "16382", "16382"},
+      {"CBS_PG", "-1", "-1"}, {"CBS_PG", "16385", "1"}, {"PG_RTEXT", "1-3, 5 = x", "1-3, 5 = x"},
       {"GR_TITLE", std::string(40, 't'), std::string(31, 't')},
       {"ST_NAME", std::string(600, 'n'), std::string(510, 'n')},
       {"ST_FNAME", std::string(300, 'f'), std::string(259, 'f')},
       {"ST_IFSFNAME", std::string(300, 'f'), std::string(260, 'f')},
       {"SP_FMPAS", std::string(70, 'p'), std::string(64, 'p')},
       {"BS_COMMENT", std::string(512, 'c'), std::string(512, 'c')},
-      {"NO_SUCH_TAG", "1", "(untouched)"},
-      {"PG_NUMB", "1", "(untouched)"},
-      {"", "1", "(untouched)"},
+      {"PG_SIZEX", "7", "(untouched)"}, {"NO_SUCH_TAG", "1", "(untouched)"},
+      {"PG_NUMB", "1", "(untouched)"}, {"", "1", "(untouched)"},
   };
+  // clang-format on
   for (const Row& row : rows) {
     CPrintOption record;
     Read(record, row.tag, row.value);
@@ -95,16 +79,11 @@ TEST(ExchangeTag, MarkIsRaisedByReadingTheMarkedTexts) {
   Read(record, "ST_NAME", std::string(600, 'n'));
   EXPECT_EQ(record.m_Body.ST_.NAME.set, 1);
   EXPECT_EQ(record.m_Body.ST_.NAME.text[510], '\0');
-  Read(record, "SP_FMPAS", "word");
+  Read(record, "SP_FMPAS", std::string(64, 's'));
+  Read(record, "SP_FMPAS", "ab");  // leaves nothing of the longer one
+  EXPECT_EQ(std::string_view(record.m_Body.SP_FMPAS.text, sizeof record.m_Body.SP_FMPAS.text),
+            "ab" + std::string(63, '\0'));
   EXPECT_EQ(record.m_Body.SP_FMPAS.set, 0);
-}
-
-TEST(ExchangeTag, ShorterTextLeavesNothingOfTheLongerOne) {
-  CPrintOption record;
-  Read(record, "USR_SCPS", std::string(64, 's'));
-  Read(record, "USR_SCPS", "ab");
-  const std::string_view field(record.m_Body.USR_SCPS.text, sizeof record.m_Body.USR_SCPS.text);
-  EXPECT_EQ(field, std::string("ab") + std::string(63, '\0'));
 }
 
 TEST(ExchangeTag, MediaCodesAreTranslatedOnlyOnRequest) {
@@ -150,29 +129,14 @@ TEST(ExchangeTag, TwoPairsOfTagsShareAField) {
 }
 
 std::string RandomValue(std::mt19937& random, const Tag& tag) {
-  const auto number = static_cast<std::int32_t>(random());
-  switch (tag.kind) {
-    case kText: {
-      std::string text(random() % (tag.maxChars + 1), ' ');
-      for (char& c : text) {
-        c = static_cast<char>(1 + random() % 255);
-      }
-      return text;
-    }
-    case kHundredths:
-    case kTenths:
-      return std::to_string(static_cast<std::uint32_t>(number) / 100.0);
-    case kFlag:
-      return std::to_string(number & 1);
-    case kCopies:
-      return std::to_string(1 + random() % 9999);
-    case kPackedLow:
-      return std::to_string(random() % 3);
-    case kPackedHigh:
-      return std::to_string(random() % 16383);
-    default:
-      return std::to_string(number);
+  if (tag.kind != kText) {
+    return std::to_string(tag.kind == kPackedLow ? random() % 3 : random() % 9999 + 1);
   }
+  std::string text(random() % (tag.maxChars + 1), ' ');
+  for (char& c : text) {
+    c = static_cast<char>(1 + random() % 255);
+  }
+  return text;
 }
 
 // A neighbour that is written over, a wrong offset or a wrong length shows here.
@@ -183,15 +147,11 @@ TEST(ExchangeTag, EveryTagKeepsItsOwnValueAmongAllOthers) {
     Read(from, std::string(tag.name), RandomValue(random, tag));
   }
   CPrintOption to;
-  std::vector<std::size_t> order(kTags.size());
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    order[i] = i;
-  }
-  std::shuffle(order.begin(), order.end(), random);
-  for (const std::size_t i : order) {
-    const std::string tag(kTags[i].name);
-    if (kTags[i].kind != kIgnored) {
-      Read(to, tag, Written(from, tag));
+  auto shuffled = kTags;
+  std::ranges::shuffle(shuffled, random);
+  for (const Tag& tag : shuffled) {
+    if (tag.kind != kIgnored) {
+      Read(to, std::string(tag.name), Written(from, std::string(tag.name)));
     }
   }
   EXPECT_TRUE(BytesOf(to.m_Body) == BytesOf(from.m_Body));

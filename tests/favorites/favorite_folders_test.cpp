@@ -67,20 +67,16 @@ TEST_F(FavoriteFolders, LieInTheCommonDocuments) {
     EXPECT_EQ(g_folderAsked, 46);
     EXPECT_FALSE(FavoriteFileExists(base.c_str()));
   }
+  for (const FolderRow& row : kFolders) {
+    const std::string made = GetSharedFolder(row.folder, MissingFolder::Create);
+    EXPECT_TRUE(FavoriteFileExists(made.c_str())) << made;
+  }
 }
 
 TEST_F(FavoriteFolders, LieInTheWindowsFolderOfOlderSystems) {
   g_majorVersion = 5;
   EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite),
             "W:\\windows\\Zentrik\\Quorra QR\\LM5050\\favorite");
-}
-
-TEST_F(FavoriteFolders, AreCreatedWithAllFoldersAbove) {
-  for (const FolderRow& row : kFolders) {
-    const std::string made = GetSharedFolder(row.folder, MissingFolder::Create);
-    EXPECT_TRUE(FavoriteFileExists(made.c_str())) << made;
-    EXPECT_EQ(GetSharedFolder(row.folder, MissingFolder::Create), made) << "a second time";
-  }
 }
 
 TEST_F(FavoriteFolders, KeepWithinTheBuffer) {
@@ -104,45 +100,37 @@ TEST_F(FavoriteFolders, KeysAndExtensionComeFromTheStringTable) {
   EXPECT_EQ(GetFavoritePath("C:\\f", "name"), "C:\\f\\name.pfj");
 }
 
-TEST_F(FavoriteFolders, DeletesOnlyWhereItMay) {
+TEST_F(FavoriteFolders, FilesAreDeletedOnlyWhereTheyMayAndNotWhileInUse) {
   FavoriteEntry entry;
   entry.name = "\x83\x70\x81\x5B\x83\x67 1";
   entry.folder = GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
   FavoriteEntry elsewhere = entry;
-  elsewhere.folder = temp_.Path("");
-  elsewhere.folder.pop_back();
+  elsewhere.folder = temp_.Path();
   CFavoriteFileManager files(LoadFavoriteKeys());
   for (const FavoriteEntry* each : {&entry, &elsewhere}) {
     const std::string path = GetFavoritePath(each->folder, each->name);
     ASSERT_TRUE(files.SaveFavoriteFromPath(*each, path.c_str()));
-    EXPECT_TRUE(FavoriteFileExists(path.c_str()));
   }
   EXPECT_FALSE(DeleteFavorite(elsewhere, true));
   EXPECT_TRUE(FavoriteFileExists(GetFavoritePath(elsewhere.folder, elsewhere.name).c_str()));
   EXPECT_TRUE(DeleteFavorite(elsewhere, false));
-  EXPECT_TRUE(DeleteFavorite(entry, true));
-  EXPECT_FALSE(DeleteFavorite(entry, true));  // is gone
-  EXPECT_FALSE(FavoriteFileExists(GetFavoritePath(entry.folder, entry.name).c_str()));
-  entry.folder[0] = entry.folder[0] == 'Z' ? 'z' : 'Z';  // compared as bytes
-  EXPECT_FALSE(DeleteFavorite(entry, true));
-}
 
-TEST_F(FavoriteFolders, FileInUseIsNeitherReplacedNorDeleted) {
-  FavoriteEntry entry;
-  entry.name = "fixed";
-  entry.folder = GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
   const std::string path = GetFavoritePath(entry.folder, entry.name);
-  CFavoriteFileManager files;
-  ASSERT_TRUE(files.SaveFavoriteFromPath(entry, path.c_str()));
-  entry.comment = "new";
   const HANDLE user = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  EXPECT_FALSE(files.SaveFavoriteFromPath(entry, path.c_str()));
+  FavoriteEntry changed = entry;
+  changed.comment = "new";
+  EXPECT_FALSE(files.SaveFavoriteFromPath(changed, path.c_str()));
   EXPECT_FALSE(DeleteFavorite(entry, true));
   ::CloseHandle(user);
-  FavoriteEntry loaded;
-  EXPECT_TRUE(files.LoadFavoriteFromPath(loaded, path.c_str()));
-  EXPECT_EQ(loaded.comment, "");
+  EXPECT_TRUE(files.LoadFavoriteFromPath(changed, path.c_str()));
+  EXPECT_EQ(changed.comment, "");
+
+  entry.folder[0] ^= 'a' ^ 'A';  // compared as bytes
+  EXPECT_FALSE(DeleteFavorite(entry, true));
+  entry.folder[0] ^= 'a' ^ 'A';
+  EXPECT_TRUE(DeleteFavorite(entry, true));
+  EXPECT_FALSE(FavoriteFileExists(path.c_str()));
 }
 
 }  // namespace

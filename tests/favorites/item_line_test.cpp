@@ -26,28 +26,30 @@ TEST(ItemReader, TakesItemsUpToTheLineEnd) {
   struct Row {
     std::string line;
     Pairs items;
+    std::size_t rest = 0;  // bytes behind the line
   };
+  // clang-format off
   const Row rows[] = {
       {"", {}},
-      {"\n", {}},
-      {"A=1\t\tB=2\t\t\n", {{"A", "1"}, {"B", "2"}}},
+      {"\nx", {}, 1},
+      {"junk\nx", {}, 1},
+      {"A=1\t\tB=2\t\t\nPageSize=A4\n", {{"A", "1"}, {"B", "2"}}, 12},
       {"A=1\tB=2\t", {{"A", "1"}, {"B", "2"}}},
       {"A=1\t\tB=2\n", {{"A", "1"}}},  // no TAB ends the last one
       {"A=1\t\tB=2", {{"A", "1"}}},
-      {"A=1", {}},
-      {"A=1\nB=2\t\t\n", {}},
+      {"A=1\nB=2\t\t\n", {}, 6},
       {"A=x=y=\t\t", {{"A", "x=y="}}},
       {"A=\t\t", {{"A", ""}}},
       {"=5\t\tB=2\t\t", {{"", "5"}, {"B", "2"}}},
       {"\t\t\tA=1\t\t\t\t\tB=2\t", {{"A", "1"}, {"B", "2"}}},
       {"junk\t\tA=1\t\tB=2\t\t", {{"junkA", "1"}, {"B", "2"}}},
-      {"P\tG\t=1\t\t", {{"PG", "1"}}},
       {"A=1\r\t\t\r\n", {{"A", "1\r"}}},
       {"ABCDEFGHIJKLMNOPQRS=1\t\t", {{"ABCDEFGHIJKLMNOPQRS", "1"}}},
       {"ABCDEFGHIJKLMNOPQRST=1\t\tB=2\t\t", {{"", "1"}, {"B", "2"}}},  // longer than any tag
       {"A=" + std::string(700, 'v') + "\t\t", {{"A", std::string(599, 'v')}}},
       {std::string("A=1\0002\t\tB\0=3\t\t", 13), {{"A", "1"}, {std::string("B\0", 2), "3"}}},
   };
+  // clang-format on
   for (const Row& row : rows) {
     ItemReader reader(row.line);
     ItemReader::Item item;
@@ -56,26 +58,9 @@ TEST(ItemReader, TakesItemsUpToTheLineEnd) {
       items.emplace_back(item.tag, item.value);
     }
     EXPECT_THAT(items, ElementsAreArray(row.items)) << row.line;
-  }
-}
-
-TEST(ItemReader, EndsBehindTheLineEnd) {
-  struct Row {
-    std::string_view line;
-    std::size_t end;
-  };
-  const Row rows[] = {{"A=1\t\t\nPageSize=A4\n", 6},
-                      {"\nx", 1},
-                      {"A=1\nx", 4},
-                      {"junk\nx", 5},
-                      {"A=1\t", 4},
-                      {"A=1\t\t", 5}};
-  for (const Row& row : rows) {
-    ItemReader reader(row.line);
-    ItemReader::Item item;
-    while (reader.ReadPrintOptionOne(item)) {
+    if (row.rest != 0) {
+      EXPECT_EQ(row.line.size() - reader.End(), row.rest) << row.line;
     }
-    EXPECT_EQ(reader.End(), row.end) << row.line;
   }
 }
 
@@ -94,6 +79,7 @@ TEST(ItemLine, PlacesItemsInTheirOldPlacesAndNewOnesBehind) {
       {"XA=1\t\tA=1\t\t", {{"A", "2"}}, "XA=1\t\tA=2\t\t"},         // the end of another tag
       {"junk\t\tA=1\t\t", {{"A", "2"}}, "junk\t\tA=1\t\tA=2\t\t"},  // its tag reads "junkA"
       {"a=1\t\t", {{"A", "2"}}, "a=1\t\tA=2\t\t"},
+      {"cl_white=1\t\t", {{"CL_WHITE", "2"}}, "CL_WHITE=2\t\t"},  // readers take it for the tag
       {"X=9\t\tA=1", {{"B", "2"}}, "X=9\t\tA=1\t\tB=2\t\t"},
       {"X=9\t\tA=1", {{"A", "2"}}, "X=9\t\tA=2\t\t"},
       {"X=9\tA=1\t\t\tY=8\t", {{"A", "2"}}, "X=9\tA=2\t\t\tY=8\t"},
@@ -142,8 +128,6 @@ TEST(ItemLine, LeavesOutWhatALongerOldLineHoldsBeyondTheBuffer) {
   EXPECT_EQ(ItemLine(full + "A=1\t\t").Text(), full);
   EXPECT_EQ(ItemLine("A=1\t\t" + full).Text(), "A=1\t\t");  // a cut value would look whole
   EXPECT_EQ(ItemLine("A=1\t\tX=" + std::string(kMaxItemLine - 8, 'x')).Text(), "A=1\t\t");
-  const std::string many = Repeat("AB=1\t\t", 900);
-  EXPECT_EQ(ItemLine(many).Text(), Repeat("AB=1\t\t", kMaxItemLine / 6));
 }
 
 TEST(ItemLine, TakesAnyNumberOfTinyItems) {
@@ -154,14 +138,13 @@ TEST(ItemLine, TakesAnyNumberOfTinyItems) {
   ItemLine line(old);
   EXPECT_TRUE(line.Place("B1", ""));
   EXPECT_EQ(line.Text(), old);
-  EXPECT_EQ(ItemLine(Repeat("=\t", 2499)).Text(), Repeat("=\t", 2499));
+  const std::string many = Repeat("AB=1\t\t", 900);
+  EXPECT_EQ(ItemLine(many).Text(), Repeat("AB=1\t\t", kMaxItemLine / 6));
 }
 
 TEST(OneLine, TurnsLineEndsAndTabsIntoBlanks) {
   EXPECT_EQ(OneLine("a\r\nb\nc\td\r\n\r\n"), "a b c d  ");
-  EXPECT_EQ(OneLine("a\tb\n", true), "a\tb ");
-  EXPECT_EQ(OneLine("a\rb\r"), "a\rb\r");  // no line end: only LF ends a line of the file
-  EXPECT_EQ(OneLine(""), "");
+  EXPECT_EQ(OneLine("a\tb\n\r", true), "a\tb \r");  // only LF ends a line of the file
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 // Whether a favourite that was saved and loaded again still says the same.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "ddb/extended_option.h"
 #include "ddb/tag_text.h"
@@ -11,11 +9,6 @@
 #include "favorites/favorite_tag_list.h"
 
 namespace zn::test {
-
-// The extended tags cannot read a sign; PG_PSIZE is PG_PPSIZE among them.
-inline bool ReadsNoSign(const ListedTag& tag) {
-  return tag.extended != nullptr || tag.name == "PG_PSIZE";
-}
 
 inline std::string ListedValue(const FavoriteEntry& entry, const ListedTag& tag) {
   ddb::NumberText scratch;
@@ -25,17 +18,15 @@ inline std::string ListedValue(const FavoriteEntry& entry, const ListedTag& tag)
   return std::string(ddb::ValueText(entry.option.m_Body, *tag.tag, true, scratch).value());
 }
 
-// Whether the value can be read back: nothing below zero, and no 0 where that is no value.
-inline bool IsReadable(const FavoriteEntry& entry, const ListedTag& tag) {
-  const std::string value = ListedValue(entry, tag);
-  const bool clamped = tag.extended != nullptr && tag.extended->highest != 0;
-  return !ReadsNoSign(tag) || (value[0] != '-' && !(clamped && value == "0"));
+// Whether the value gets an item; the others are not specified.
+inline bool IsSpecified(const FavoriteEntry& entry, const ListedTag& tag) {
+  return tag.extended == nullptr || ddb::ComesBack(entry.option, *tag.extended);
 }
 
 // The name of the first listed tag whose value did not come back; empty when all did.
 inline std::string LostSetting(const FavoriteEntry& saved, const FavoriteEntry& loaded) {
   for (const ListedTag& tag : GetFavoriteTagList()) {
-    if (IsReadable(saved, tag) && ListedValue(saved, tag) != ListedValue(loaded, tag)) {
+    if (IsSpecified(saved, tag) && ListedValue(saved, tag) != ListedValue(loaded, tag)) {
       return std::string(tag.name);
     }
   }

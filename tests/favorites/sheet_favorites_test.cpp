@@ -6,14 +6,13 @@
 
 #include <cstring>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "favorites/favorite_folders.h"
 #include "favorites/print_option_setting.h"
 #include "iat_patch.h"
 #include "platform/resources.h"
-#include "session/forms.h"
+#include "tests/favorites/temp_folder.h"
 #include "tests/session/sheet_fixture.h"
 
 namespace zn::test {
@@ -41,36 +40,10 @@ BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size
   return TRUE;
 }
 
-std::vector<const char*> g_papers;
-
-int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
-  constexpr std::size_t kNameSize = 64;
-  for (std::size_t i = 0; names != nullptr && i < g_papers.size(); ++i) {
-    std::strcpy(names + i * kNameSize, g_papers[i]);
-  }
-  return static_cast<int>(g_papers.size());
-}
-
 std::string FolderOfProgram() {
   char path[MAX_PATH] = "";
   ::GetModuleFileNameA(nullptr, path, sizeof path);
   return std::string(path, std::strrchr(path, '\\') + 1);
-}
-
-void RemoveFolder(const std::string& folder) {
-  WIN32_FIND_DATAA found;
-  const HANDLE search = ::FindFirstFileA((folder + "\\*").c_str(), &found);
-  for (BOOL more = search != INVALID_HANDLE_VALUE; more; more = ::FindNextFileA(search, &found)) {
-    const std::string name = found.cFileName;
-    const std::string path = folder + '\\' + name;
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-      ::DeleteFileA(path.c_str());
-    } else if (name != "." && name != "..") {
-      RemoveFolder(path);
-    }
-  }
-  ::FindClose(search);
-  ::RemoveDirectoryA(folder.c_str());
 }
 
 class SheetFavoritesTest : public SheetTest {
@@ -78,10 +51,7 @@ class SheetFavoritesTest : public SheetTest {
   SheetFavoritesTest()
       : specialFolder_(::GetModuleHandleA(nullptr), "SHGetSpecialFolderPathA", &FakeSpecialFolder),
         printerDriver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver) {
-    char temp[MAX_PATH] = "";
-    ::GetTempPathA(sizeof temp, temp);
-    g_documents = std::string(temp) + "zn_sheet_" + std::to_string(::GetCurrentProcessId());
-    ::CreateDirectoryA(g_documents.c_str(), nullptr);
+    g_documents = temp_.Path();
     g_driverPath = FolderOfProgram() + "driver.drv";
     SetModuleInstance(::GetModuleHandleA(nullptr));
     sheet_->jobValues.SetDefaults();
@@ -94,7 +64,6 @@ class SheetFavoritesTest : public SheetTest {
   ~SheetFavoritesTest() override {
     ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", nullptr);
     SetModuleInstance(nullptr);
-    RemoveFolder(g_documents);
   }
 
   SheetFavorites& Favorites() { return SheetFavorites::Of(*sheet_); }
@@ -108,6 +77,7 @@ class SheetFavoritesTest : public SheetTest {
     return RunPrintOptionSetting(*sheet_, nullptr);
   }
 
+  TempFolder temp_;
   ImportPatch specialFolder_, printerDriver_;
 };
 
@@ -131,7 +101,12 @@ TEST_F(SheetFavoritesTest, SavesSelectsAndDeletesInTheSharedFolder) {
   EXPECT_FALSE(FavoriteFileExists(PathOf("\x83\x5C fair").c_str()));
 }
 
-TEST_F(SheetFavoritesTest, FileThatVanishedChangesNothing) {
+TEST_F(SheetFavoritesTest, MissingFolderOrFileChangesNothing) {
+  g_documents.clear();
+  EXPECT_EQ(Favorites().List().Count(), 0U);
+  EXPECT_FALSE(Favorites().Save("fair", ""));
+  g_documents = temp_.Path();
+  sheet_->favorites.reset();
   (*this)[KW_STAPLE] = 10;
   ASSERT_TRUE(Favorites().Save("fair", ""));
   (*this)[KW_STAPLE] = 1;
@@ -155,31 +130,6 @@ TEST_F(SheetFavoritesTest, NameInAnotherCaseRespellsTheFile) {
   EXPECT_FALSE(Find("Fair"));
   ASSERT_TRUE(Find("fair"));
   EXPECT_EQ(Favorites().Load(*Find("fair"))->comment, "new");
-}
-
-TEST_F(SheetFavoritesTest, PaperIsTheOneOfThatNameOnThisMachine) {
-  const ImportPatch capabilities(::GetModuleHandleA(nullptr), "DeviceCapabilitiesA",
-                                 &FakeDeviceCapabilities);
-  g_papers = {"A4", "A3", "B5"};
-  LoadFormNames("printer");
-  (*this)[KW_PAGESIZE] = 1;
-  ASSERT_TRUE(Favorites().Save("fair", ""));
-  g_papers = {"B5", "A4", "Letter", "A3"};
-  LoadFormNames("printer");
-  EXPECT_EQ(Favorites().Select(Choice(0)), PaperMatch::ByName);
-  EXPECT_EQ((*this)[KW_PAGESIZE], 3U);
-  g_papers = {"B5", "A4"};
-  LoadFormNames("printer");
-  (*this)[KW_PAGESIZE] = 1;
-  EXPECT_EQ(Favorites().Select(Choice(0)), PaperMatch::Unknown);
-  EXPECT_EQ((*this)[KW_PAGESIZE], 1U);
-}
-
-TEST_F(SheetFavoritesTest, MachineWithoutSharedFolderHasNoFavourites) {
-  const std::string documents = std::exchange(g_documents, {});
-  EXPECT_EQ(Favorites().List().Count(), 0U);
-  EXPECT_FALSE(Favorites().Save("fair", ""));
-  g_documents = documents;
 }
 
 TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
@@ -211,19 +161,16 @@ TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
   (*this)[KW_PUNCH] = 5;  // its code alone would come back as another selection
   (*this)[KW_STAPLE] = 99;
   sheet_->jobValues.SetText(104, "old comment");
-  ASSERT_TRUE(RunDialog("ok;CL_CMODE=0;USR_COMT=new comment;SP_TFDPI=1200;profile=Other"));
+  ASSERT_TRUE(
+      RunDialog("ok;CL_CMODE=0;USR_COMT=new comment;SP_TFDPI=1200;GR_TITLE=banner;profile=Other"));
   EXPECT_EQ((*this)[KW_COLORMODEL], 1U);
   EXPECT_EQ((*this)[KW_PUNCH], 5U);
   EXPECT_EQ((*this)[KW_STAPLE], 99U);
   EXPECT_EQ(sheet_->jobValues.GetText(104), "new comment");
   EXPECT_EQ(sheet_->jobValues.GetTiffDPI(), 1200U);
   EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
-}
-
-TEST_F(SheetFavoritesTest, WhatOnlyTheRecordHoldsIsThereForTheNextTime) {
-  ASSERT_TRUE(RunDialog("ok;GR_TITLE=banner;OUT_STPL=2"));
+  // What only the record holds is there for the next time.
   EXPECT_EQ(ddb::GetText(Favorites().Current().option.m_Body, ddb::TagNamed("GR_TITLE")), "banner");
-  EXPECT_EQ((*this)[KW_STAPLE], 2U);
 }
 
 TEST_F(SheetFavoritesTest, CancelledOrMissingDialogLeavesTheSheet) {
