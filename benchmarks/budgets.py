@@ -21,6 +21,7 @@ BUDGETS = [
     Budget("load a full favourite / inih", "favorites/load", "favorites/load_inih", 1),
     Budget("load and save / GKeyFile", "favorites/save_fresh", "favorites/save_gkeyfile", 1 / 3),
     Budget("re-save over old items / GKeyFile", "favorites/resave", "favorites/save_gkeyfile", 1),
+    Budget("open 1,000 favourites / read(2)", "favorites/open_1000", "favorites/read_1000", 1),
     Budget("10,000 favourites / 1,000", "favorites/folder_10000", "favorites/folder_1000", 12),
     Budget("restriction check / libcups", "restriction/check", "restriction/libcups", 1 / 20),
     Budget("profile of 100,000 lines / memchr", "profile/lines_100000", "profile/memchr_100000", 5),

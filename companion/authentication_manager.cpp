@@ -20,26 +20,10 @@ class AuthenticationDialog {
         mayChange_(mayChange),
         data_(ReadAuthenticationData(printer, printerKey)) {}
 
-  int Run() { return RunDialog(IDD_AUTHENTICATION, ::GetActiveWindow(), &Procedure, this); }
+  int Run() { return RunDialog(IDD_AUTHENTICATION, ::GetActiveWindow(), *this); }
 
- private:
-  static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    try {
-      auto* self = DialogObject<AuthenticationDialog>(dialog, message, lParam);
-      if (self != nullptr && message == WM_INITDIALOG) {
-        self->dialog_ = dialog;
-        self->OnInitDialog();
-        return TRUE;
-      }
-      return self != nullptr && message == WM_COMMAND
-                 ? self->OnCommand(LOWORD(wParam), HIWORD(wParam))
-                 : FALSE;
-    } catch (...) {
-      return FALSE;
-    }
-  }
-
-  void OnInitDialog() {
+  void OnInitDialog(HWND window) {
+    dialog_ = window;
     ::SetDlgItemTextA(dialog_, IDC_PRINTER_KEY, printerKey_);
     for (const UINT text : kMethodTexts) {
       ::SendDlgItemMessageA(dialog_, IDC_METHOD, CB_ADDSTRING, 0,
@@ -55,6 +39,27 @@ class AuthenticationDialog {
     EnableControls();
   }
 
+  INT_PTR OnCommand(int control, int notification) {
+    switch (control) {
+      case IDC_METHOD:
+      case IDC_LOGIN_NAME:
+      case IDC_ENTER_NAME:
+        if (notification == BN_CLICKED || notification == CBN_SELCHANGE) {
+          EnableControls();
+        }
+        return TRUE;
+      case IDOK:
+        OnOk();
+        return TRUE;
+      case IDCANCEL:
+        ::EndDialog(dialog_, IDCANCEL);
+        return TRUE;
+      default:
+        return FALSE;
+    }
+  }
+
+ private:
   void InitEdit(int control, const std::string& text, int limit) const {
     ::SendDlgItemMessageA(dialog_, control, EM_LIMITTEXT, static_cast<WPARAM>(limit), 0);
     ::SetDlgItemTextA(dialog_, control, text.c_str());
@@ -81,26 +86,6 @@ class AuthenticationDialog {
     Enable(IDC_OWNER_PASSWORD, owner);
     Enable(IDC_ACCOUNT_ID, mayChange_ && Method() > 1);
     Enable(IDOK, mayChange_);
-  }
-
-  INT_PTR OnCommand(int control, int notification) {
-    switch (control) {
-      case IDC_METHOD:
-      case IDC_LOGIN_NAME:
-      case IDC_ENTER_NAME:
-        if (notification == BN_CLICKED || notification == CBN_SELCHANGE) {
-          EnableControls();
-        }
-        return TRUE;
-      case IDOK:
-        OnOk();
-        return TRUE;
-      case IDCANCEL:
-        ::EndDialog(dialog_, IDCANCEL);
-        return TRUE;
-      default:
-        return FALSE;
-    }
   }
 
   void OnOk() {

@@ -14,13 +14,31 @@ namespace zn::companion {
 // Answers the dialog's result; 0 when it could not be shown.
 int RunDialog(int templateId, HWND owner, DLGPROC procedure, void* parameter) noexcept;
 
-// Where a dialog keeps its object.
-template <class Object>
-[[nodiscard]] Object* DialogObject(HWND dialog, UINT message, LPARAM lParam) noexcept {
+// The procedure of a dialog whose object is the parameter of RunDialog.
+template <class Dialog>
+INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
-    ::SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+    ::SetWindowLongPtrA(window, DWLP_USER, lParam);
   }
-  return reinterpret_cast<Object*>(::GetWindowLongPtrA(dialog, DWLP_USER));
+  auto* const dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrA(window, DWLP_USER));
+  try {
+    if (dialog != nullptr && message == WM_INITDIALOG) {
+      dialog->OnInitDialog(window);
+      return TRUE;
+    }
+    return dialog != nullptr && message == WM_COMMAND
+               ? dialog->OnCommand(LOWORD(wParam), HIWORD(wParam))
+               : FALSE;
+  } catch (...) {
+    return FALSE;
+  }
+}
+
+// Runs a modal dialog on its object, which has OnInitDialog(window) and OnCommand(control,
+// notification).
+template <class Dialog>
+int RunDialog(int templateId, HWND owner, Dialog& dialog) noexcept {
+  return RunDialog(templateId, owner, &DialogProcedure<Dialog>, &dialog);
 }
 
 [[nodiscard]] std::string ControlText(HWND dialog, int control);

@@ -27,26 +27,10 @@ class FavoriteSummaryDialog {
   explicit FavoriteSummaryDialog(const FavoriteSummaryCall& call)
       : call_(call), deleted_(static_cast<std::size_t>(call.count)) {}
 
-  int Run() { return RunDialog(IDD_FAVORITE_SUMMARY, call_.owner, &Procedure, this); }
+  int Run() { return RunDialog(IDD_FAVORITE_SUMMARY, call_.owner, *this); }
 
- private:
-  static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    try {
-      auto* self = DialogObject<FavoriteSummaryDialog>(dialog, message, lParam);
-      if (self != nullptr && message == WM_INITDIALOG) {
-        self->dialog_ = dialog;
-        self->OnInitDialog();
-        return TRUE;
-      }
-      return self != nullptr && message == WM_COMMAND
-                 ? self->OnCommand(LOWORD(wParam), HIWORD(wParam))
-                 : FALSE;
-    } catch (...) {
-      return FALSE;
-    }
-  }
-
-  void OnInitDialog() {
+  void OnInitDialog(HWND window) {
+    dialog_ = window;
     if (call_.page != nullptr) {
       ::SendMessageA(call_.page, companion_abi::kSendTreeItemsMessage, 0,
                      reinterpret_cast<LPARAM>(items_.data()));
@@ -82,6 +66,7 @@ class FavoriteSummaryDialog {
     }
   }
 
+ private:
   LRESULT SendList(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return ::SendDlgItemMessageA(dialog_, IDC_FAVORITES, message, wParam, lParam);
   }

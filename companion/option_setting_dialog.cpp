@@ -32,24 +32,10 @@ class OptionSettingDialog {
   explicit OptionSettingDialog(const OptionSettingCall& call)
       : call_(call), body_(call.working->m_Body) {}
 
-  int Run() { return RunDialog(IDD_OPTION_SETTING, call_.owner, &Procedure, this); }
+  int Run() { return RunDialog(IDD_OPTION_SETTING, call_.owner, *this); }
 
- private:
-  static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    try {
-      auto* self = DialogObject<OptionSettingDialog>(dialog, message, lParam);
-      if (self != nullptr && message == WM_INITDIALOG) {
-        self->dialog_ = dialog;
-        self->OnInitDialog();
-        return TRUE;
-      }
-      return self != nullptr && message == WM_COMMAND ? self->OnCommand(LOWORD(wParam)) : FALSE;
-    } catch (...) {
-      return FALSE;
-    }
-  }
-
-  void OnInitDialog() {
+  void OnInitDialog(HWND window) {
+    dialog_ = window;
     for (const ListField& field : kListFields) {
       for (const char* name : OptionNames(static_cast<int>(field.keyword))) {
         ::SendDlgItemMessageA(dialog_, field.control, CB_ADDSTRING, 0,
@@ -63,19 +49,7 @@ class OptionSettingDialog {
     Show(body_);
   }
 
-  void Show(const ddb::PrintOptionBody& body) {
-    for (const ListField& field : kListFields) {
-      std::uint32_t index = 0;
-      const auto code = static_cast<std::uint32_t>(ddb::GetInteger(body, field.tag));
-      const bool known = GetOptionIndex(field.keyword, code, index);
-      ::SendDlgItemMessageA(dialog_, field.control, CB_SETCURSEL,
-                            known ? index : static_cast<WPARAM>(-1), 0);
-    }
-    const std::string comment(ddb::GetText(body, kComment));
-    ::SetDlgItemTextA(dialog_, IDC_COMMENT, comment.c_str());
-  }
-
-  INT_PTR OnCommand(int control) {
+  INT_PTR OnCommand(int control, int /*notification*/) {
     switch (control) {
       case IDC_RESTORE:
         Show(call_.reference->m_Body);
@@ -89,6 +63,19 @@ class OptionSettingDialog {
       default:
         return FALSE;
     }
+  }
+
+ private:
+  void Show(const ddb::PrintOptionBody& body) {
+    for (const ListField& field : kListFields) {
+      std::uint32_t index = 0;
+      const auto code = static_cast<std::uint32_t>(ddb::GetInteger(body, field.tag));
+      const bool known = GetOptionIndex(field.keyword, code, index);
+      ::SendDlgItemMessageA(dialog_, field.control, CB_SETCURSEL,
+                            known ? index : static_cast<WPARAM>(-1), 0);
+    }
+    const std::string comment(ddb::GetText(body, kComment));
+    ::SetDlgItemTextA(dialog_, IDC_COMMENT, comment.c_str());
   }
 
   void Store() {

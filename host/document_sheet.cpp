@@ -2,21 +2,10 @@
 
 #include <algorithm>
 
-#include "host/files.h"
-#include "host/host_error.h"
-#include "host/host_text.h"
+#include "host/host_ids.h"
 #include "host/stopwatch.h"
 
 namespace zn::host {
-
-int SheetHeap::LiveBlocks() const {
-  int blocks = 0;
-  PROCESS_HEAP_ENTRY entry{};
-  while (::HeapWalk(heap_, &entry)) {
-    blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
-  }
-  return blocks;
-}
 
 FullDevMode DocumentSheet::StartDevMode(const PlugIn& plugIn, const Queue& queue,
                                         const FullDevMode* stored) {
@@ -35,41 +24,21 @@ FullDevMode DocumentSheet::StartDevMode(const PlugIn& plugIn, const Queue& queue
 
 DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const FullDevMode& start,
                              const DocumentSheetOptions& options)
-    : plugIn_(plugIn),
-      queueName_(queue.WideName()),
+    : DriverSheet(plugIn, queue, &IPrintOemUI::DocumentPropertySheets, options.flags,
+                  IDS_PREFERENCES_TITLE),
       start_(start),
       devMode_(start),
       kept_(start),
       items_(queue.Description(), start, options.withPageOrder) {
-  object_ = {sizeof object_, &procedures_};
-  itemParameter_.cbSize = sizeof itemParameter_;
-  itemParameter_.poemuiobj = &object_;
-  itemParameter_.hPrinter = queue.Handle();
-  itemParameter_.pPrinterName = queueName_.data();
-  itemParameter_.hModule = plugIn.Module();
-  itemParameter_.hOEMHeap = heap_.Handle();
-  itemParameter_.pPublicDM = &devMode_.Public();
-  itemParameter_.pOEMDM = devMode_.Private().block.Bytes().data();
-  itemParameter_.dwFlags = options.flags;
-
-  sheetParameter_.cbSize = sizeof sheetParameter_;
-  sheetParameter_.poemuiobj = &object_;
-  sheetParameter_.hPrinter = queue.Handle();
-  sheetParameter_.pPrinterName = queueName_.data();
-  sheetParameter_.hModule = plugIn.Module();
-  sheetParameter_.hOEMHeap = heap_.Handle();
-  sheetParameter_.pPublicDM = itemParameter_.pPublicDM;
-  sheetParameter_.pOEMDM = itemParameter_.pOEMDM;
-  sheetParameter_.dwFlags = options.flags;
-
+  itemParameter_.pPublicDM = sheetParameter_.pPublicDM = &devMode_.Public();
+  itemParameter_.pOEMDM = sheetParameter_.pOEMDM = devMode_.Private().block.Bytes().data();
   plugIn_.Helper().SetItems(&items_);
   plugIn_.Helper().ClearUpdates();
   Prepare();
   sheetParameter_.pOEMUserData = itemParameter_.pOEMUserData;
-  info_ = sheet_.Info(reinterpret_cast<LPARAM>(&sheetParameter_));
   sheet_.SetApplied([this] { KeepApplied(); });
   initTime_ = MillisecondsNow();
-  initResult_ = plugIn_->DocumentPropertySheets(&info_, info_.lParamInit);
+  initResult_ = AddPages();
 }
 
 DocumentSheet::~DocumentSheet() {
@@ -99,22 +68,6 @@ void DocumentSheet::Prepare() {
   if (visible > 0) {
     faults_.push_back(std::to_string(visible) + " driver items left visible");
   }
-}
-
-void DocumentSheet::Open() {
-  PROPSHEETUI_INFO_HEADER header{};
-  header.cbSize = sizeof header;
-  Notify(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header));
-  if (header.pTitle != nullptr) {
-    headerTitle_ = reinterpret_cast<const wchar_t*>(header.pTitle);
-  }
-  sheet_.Open(FormatText(IDS_PREFERENCES_TITLE, AnsiText(queueName_)));
-}
-
-LONG_PTR DocumentSheet::Notify(WORD reason, LPARAM lParam) {
-  info_.Reason = reason;
-  plugIn_->DocumentPropertySheets(&info_, lParam);
-  return info_.Result;
 }
 
 void DocumentSheet::KeepApplied() {

@@ -2,42 +2,21 @@
 // preparation, the pages, and what is kept when the sheet ends.
 #pragma once
 
-#include "platform/driver_interfaces.h"
-
 #include <string>
 #include <vector>
 
+#include "host/driver_sheet.h"
 #include "host/full_devmode.h"
 #include "host/option_items.h"
-#include "host/plug_in.h"
-#include "host/property_sheet.h"
-#include "host/queue.h"
 
 namespace zn::host {
-
-// The heap that a sheet lends to the plug-in.
-class SheetHeap {
- public:
-  SheetHeap() : heap_(::HeapCreate(0, 0, 0)) {}
-  ~SheetHeap() { ::HeapDestroy(heap_); }
-  SheetHeap(const SheetHeap&) = delete;
-  SheetHeap& operator=(const SheetHeap&) = delete;
-
-  [[nodiscard]] HANDLE Handle() const { return heap_; }
-  [[nodiscard]] bool IsSound() const { return ::HeapValidate(heap_, 0, nullptr) != FALSE; }
-  // Blocks that nobody freed.
-  [[nodiscard]] int LiveBlocks() const;
-
- private:
-  HANDLE heap_;
-};
 
 struct DocumentSheetOptions {
   DWORD flags = DM_IN_PROMPT;  // DM_ flags of the sheet
   bool withPageOrder = true;   // whether the driver offers a page-order item
 };
 
-class DocumentSheet {
+class DocumentSheet : public DriverSheet {
  public:
   // The DEVMODE that a sheet of the queue starts from: `stored`, or the queue's stored one, with
   // the plug-in's block merged, else the defaults.
@@ -48,21 +27,15 @@ class DocumentSheet {
   DocumentSheet(PlugIn& plugIn, const Queue& queue, const FullDevMode& start,
                 const DocumentSheetOptions& options = {});
   ~DocumentSheet();
-  DocumentSheet(const DocumentSheet&) = delete;
-  DocumentSheet& operator=(const DocumentSheet&) = delete;
 
-  [[nodiscard]] PropertySheet& Sheet() { return sheet_; }
   [[nodiscard]] OptionItems& Items() { return items_; }
   [[nodiscard]] FullDevMode& DevMode() { return devMode_; }
   [[nodiscard]] const FullDevMode& Start() const { return start_; }
-  // What the plug-in answered to the header request.
-  [[nodiscard]] const std::wstring& HeaderTitle() const { return headerTitle_; }
   // Whether DocumentPropertySheets was answered with a success code.
   [[nodiscard]] HRESULT InitResult() const { return initResult_; }
   // The performance counter when DocumentPropertySheets was called, in milliseconds.
   [[nodiscard]] double InitTime() const { return initTime_; }
 
-  void Open();
   // Tells the plug-in that the sheet has ended; answers the DEVMODE to keep: that of the last
   // successful Apply or OK, else the one that the sheet started from.
   FullDevMode Finish();
@@ -73,24 +46,13 @@ class DocumentSheet {
 
  private:
   void Prepare();
-  LONG_PTR Notify(WORD reason, LPARAM lParam);
   void KeepApplied();
   void FindUnannouncedChanges();
 
-  PlugIn& plugIn_;
-  std::wstring queueName_;
   FullDevMode start_;
   FullDevMode devMode_;  // what the plug-in works on
   FullDevMode kept_;
-  SheetHeap heap_;
   OptionItems items_;
-  PropertySheet sheet_;
-  OEMUIPROCS procedures_{};
-  OEMUIOBJ object_{};
-  OEMCUIPPARAM itemParameter_{};
-  OEMUIPSPARAM sheetParameter_{};
-  PROPSHEETUI_INFO info_{};
-  std::wstring headerTitle_;
   HRESULT initResult_ = E_FAIL;
   double initTime_ = 0;
   bool finished_ = false;

@@ -1,8 +1,4 @@
 // The stand-in's favourites summary, called through the bridge as the basic page calls it.
-#include <windows.h>
-// This must come behind windows.h.
-#include <commctrl.h>
-
 #include <array>
 #include <memory>
 
@@ -71,14 +67,7 @@ void SelectRow(HWND dialog, int row) {
 std::vector<std::string> Texts(HWND tree, HTREEITEM node) {
   std::vector<std::string> texts;
   for (; node != nullptr; node = TreeView_GetNextSibling(tree, node)) {
-    char text[256]{};
-    TVITEMA item{};
-    item.mask = TVIF_TEXT | TVIF_HANDLE;
-    item.hItem = node;
-    item.pszText = text;
-    item.cchTextMax = sizeof text;
-    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    texts.emplace_back(text);
+    texts.push_back(TreeItemText(tree, node));
   }
   return texts;
 }

@@ -77,6 +77,17 @@ std::string TextOf(HWND page, int control) {
   return text.data();
 }
 
+std::string TreeItemText(HWND tree, HTREEITEM node) {
+  std::array<char, 256> text{};
+  TVITEMA item{};
+  item.mask = TVIF_TEXT | TVIF_HANDLE;
+  item.hItem = node;
+  item.pszText = text.data();
+  item.cchTextMax = static_cast<int>(text.size());
+  ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  return text.data();
+}
+
 std::vector<std::string> Lines(const std::string& report, const std::string& word) {
   std::vector<std::string> lines;
   for (std::size_t at = 0; at < report.size();) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <windows.h>
+// This must come behind windows.h.
+#include <commctrl.h>
 
 #include <memory>
 #include <string>
@@ -39,6 +41,7 @@ void Enter(HWND page, int edit, const char* text);
 [[nodiscard]] int Chosen(HWND page, int list);
 [[nodiscard]] bool IsChecked(HWND page, int button);
 [[nodiscard]] std::string TextOf(HWND page, int control);
+[[nodiscard]] std::string TreeItemText(HWND tree, HTREEITEM node);
 
 // The lines of a report that begin with `word` and a blank, without both.
 [[nodiscard]] std::vector<std::string> Lines(const std::string& report, const std::string& word);

@@ -1,8 +1,4 @@
 // The printing preferences from control to core driver and settings block, on the shipped DLL.
-#include <windows.h>
-// This must come behind windows.h.
-#include <commctrl.h>
-
 #include "host/host_ids.h"
 #include "host/report.h"
 #include "oemps/devmode.h"
@@ -194,14 +190,7 @@ TEST_F(PreferencesTest, EmptyJobNameKeepsTheUserOnThePage) {
 // The tree item whose text begins with `label`.
 HTREEITEM FindNode(HWND tree, HTREEITEM node, const std::string& label) {
   for (; node != nullptr; node = TreeView_GetNextSibling(tree, node)) {
-    char text[256]{};
-    TVITEMA item{};
-    item.mask = TVIF_TEXT | TVIF_HANDLE;
-    item.hItem = node;
-    item.pszText = text;
-    item.cchTextMax = sizeof text;
-    ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    if (std::string(text).starts_with(label)) {
+    if (TreeItemText(tree, node).starts_with(label)) {
       return node;
     }
     if (const HTREEITEM found = FindNode(tree, TreeView_GetChild(tree, node), label)) {
