@@ -1,8 +1,12 @@
 #include "oemps/satellite.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "platform/resources.h"
 #include "session/plugin_context.h"
@@ -44,21 +48,9 @@ std::string ModulePath() {
   return length < path.size() ? std::string(path.data(), length) : std::string();
 }
 
-HMODULE LoadSatellite() {
-  const std::string path = ModulePath();
-  if (path.empty()) {
-    return nullptr;
-  }
-  for (const std::string& candidate : SatelliteCandidates(path)) {
-    if (const HMODULE module = ::LoadLibraryA(candidate.c_str())) {
-      return module;
-    }
-  }
-  return nullptr;
-}
-
-}  // namespace
-
+// The satellites to try for a module: its path without the extension, the three-letter language
+// abbreviation, ".dll"; in the order user language, its primary language, system language, its
+// primary language, language of the active code page. None is named twice.
 std::vector<std::string> SatelliteCandidates(const std::string& modulePath) {
   const std::string stem = modulePath.substr(0, modulePath.rfind('.'));
   const LANGID user = ::GetUserDefaultUILanguage();
@@ -77,6 +69,21 @@ std::vector<std::string> SatelliteCandidates(const std::string& modulePath) {
   }
   return candidates;
 }
+
+HMODULE LoadSatellite() {
+  const std::string path = ModulePath();
+  if (path.empty()) {
+    return nullptr;
+  }
+  for (const std::string& candidate : SatelliteCandidates(path)) {
+    if (const HMODULE module = ::LoadLibraryA(candidate.c_str())) {
+      return module;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
 
 void AddLiveObject() noexcept {
   if (g_liveObjects <= 0) {
