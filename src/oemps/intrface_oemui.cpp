@@ -170,13 +170,16 @@ HRESULT IOemUI::QueryColorProfile(HANDLE, OEMUIOBJ*, DEVMODEW*, PVOID, ULONG ulQ
   if (ulQueryMode != QCP_DEVICEPROFILE) {
     return E_FAIL;
   }
-  if (pcbProfileData == nullptr || pflProfileData == nullptr) {
+  if (pcbProfileData == nullptr) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
   const ULONG room = *pcbProfileData;
   *pcbProfileData = kColorProfileBytes;
   if (pvProfileData == nullptr || room < kColorProfileBytes) {
     return FailWith(ERROR_INSUFFICIENT_BUFFER);
+  }
+  if (pflProfileData == nullptr) {
+    return FailWith(ERROR_INVALID_PARAMETER);
   }
   // The byte count stands as the character limit; the name ends well before either.
   ::lstrcpynW(static_cast<wchar_t*>(pvProfileData), kColorProfileName,

@@ -12,7 +12,7 @@ wchar_t kSheetTitle[] = L"OEM UI Page";
 }  // namespace
 
 bool IsUsable(const PROPSHEETUI_INFO* info) noexcept {
-  return info != nullptr && info->cbSize >= sizeof *info &&
+  return info != nullptr && IsWhole(info->cbSize, sizeof *info) &&
          info->Version == PROPSHEETUI_INFO_VERSION;
 }
 
@@ -45,7 +45,7 @@ LONG_PTR AddDialogPage(const PROPSHEETUI_INFO& info, int templateId, DLGPROC pro
 }
 
 HRESULT hrOEMPropertyPage(DWORD dwMode, OEMCUIPPARAM* pOemCUIPParam) {
-  if (pOemCUIPParam == nullptr || pOemCUIPParam->cbSize < sizeof *pOemCUIPParam) {
+  if (pOemCUIPParam == nullptr || !IsWhole(pOemCUIPParam->cbSize, sizeof *pOemCUIPParam)) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
   switch (dwMode) {

@@ -5,6 +5,11 @@
 
 namespace zn {
 
+// Whether a record is whole by its own size member. 0 tells no size.
+[[nodiscard]] constexpr bool IsWhole(DWORD cbSize, std::size_t size) noexcept {
+  return cbSize == 0 || cbSize >= size;
+}
+
 // The sheet record is there, whole, and of the version that this plug-in knows.
 [[nodiscard]] bool IsUsable(const PROPSHEETUI_INFO* info) noexcept;
 

@@ -21,22 +21,11 @@ namespace {
 constexpr char kSource[] = "oemui";
 constexpr char kFunction[] = "hrOEMDocumentPropertySheets";
 constexpr char kCoreUiModule[] = "Zn55psu1.dll";
-constexpr int kMaxMessage = 100;               // characters of the warning
-constexpr DWORD kDocumentNoPermission = 0x20;  // DM_NOPERMISSION of the sheet's flags
+constexpr int kMaxMessage = 100;  // characters of the warning
 
 std::int32_t g_openSheets = 0;
 bool g_isPrepared = false;  // the current context waits for its sheet
 DWORD g_ownerThread = 0;    // the thread that created the pages; 0: there are none
-
-bool MayChangeSettings(const OEMCUIPPARAM& param) noexcept {
-  return (param.dwFlags & kDocumentNoPermission) == 0;
-}
-
-// The block must be whole: pages and commit write into it in place.
-bool HasJob(const OEMCUIPPARAM& param) noexcept {
-  return param.hOEMHeap != nullptr && param.pPublicDM != nullptr && param.pOEMDM != nullptr &&
-         static_cast<const CDevMode*>(param.pOEMDM)->IsCurrent();
-}
 
 std::span<OPTITEM> DriverItems(const OEMCUIPPARAM& param) noexcept {
   return {param.pDrvOptItems, param.pDrvOptItems != nullptr ? param.cDrvOptItems : 0};
@@ -50,7 +39,7 @@ void FillSheet(SheetContext& sheet, const OEMCUIPPARAM& param) noexcept {
   sheet.poemuiobj = param.poemuiobj;
   sheet.pDrvOptItems = items.data();
   sheet.cDrvOptItems = static_cast<DWORD>(items.size());
-  sheet.mayChangeSettings = MayChangeSettings(param);
+  sheet.mayChangeSettings = (param.dwFlags & DM_NOPERMISSION) == 0;
   sheet.treeReadOnlyFlag = true;
   CSession(&sheet).HidePrinterSetting();
   sheet.hasPageOrder = sheet.items[KW_PAGEORDER] != nullptr;
@@ -160,7 +149,7 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
   g_isPrepared = false;
   g_ownerThread = 0;
   param.cOEMOptItems = 0;
-  if (!HasJob(param)) {
+  if (param.hOEMHeap == nullptr) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
   UniqueSheet sheet = CreateSheet(param.hOEMHeap);

@@ -52,8 +52,9 @@ enum : ULONG { QCP_DEVICEPROFILE = 0, QCP_SOURCEPROFILE = 1 };
 enum : FLONG { QCP_PROFILEMEMORY = 1, QCP_PROFILEDISK = 2 };
 // Printer events.
 inline constexpr INT kPrinterEventDelete = 4;
-// Device sheet flag: the user may view, not change.
+// Flags of the device and of the document sheet: the user may view, not change.
 inline constexpr DWORD DPS_NOPERMISSION = 1;
+inline constexpr DWORD DM_NOPERMISSION = 0x20;
 
 struct OEMDMPARAM {
   DWORD cbSize;

@@ -25,8 +25,8 @@ struct SheetAttachment {
 struct SheetContext {
   HANDLE hOEMHeap;  // first field: the deleter frees the record on this heap
 
-  // What the core driver handed over; none of it is owned.
-  CDevMode* pDevMode;  // the core driver's buffer with this job's settings block
+  // What the core driver handed over; none of it is owned, each may be null.
+  CDevMode* pDevMode;  // this job's settings block; may have another header, see SettingsBlock
   DEVMODEW* pPublicDM;
   HANDLE hPrinter;
   HWND driverWindow;  // the driver's parent window
