@@ -93,30 +93,46 @@ void CheckIdentity(IPrintOemUI& object) {
   out = &object;
   Expect(object.QueryInterface(IID_IPrintOemUI2, &out) == E_NOINTERFACE && out == nullptr,
          "slot 0 refuses the later interface");
+  Expect(object.QueryInterface(IID_IUnknown, nullptr) == E_POINTER, "slot 0 no output");
 }
 
 struct InfoRow {
-  DWORD mode, size, needed, value, error;
+  DWORD mode;
+  DWORD size;
+  bool hasBuffer;
+  DWORD needed;
+  DWORD value;
+  DWORD error;  // 0: succeeds
   const char* name;
 };
 
 void CheckGetInfo(IPrintOemUI& object) {
   static constexpr InfoRow kRows[] = {
-      {1, 4, 4, kSignature, 0, "slot 3 signature"},
-      {1, 3, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 signature, short buffer"},
-      {2, 4, 99, 0, ERROR_INVALID_PARAMETER, "slot 3 interface version"},
-      {3, 4, 4, 2, 0, "slot 3 version"},
-      {4, 4, 0, 0, ERROR_NOT_SUPPORTED, "slot 3 publisher"},
+      {1, 4, true, 4, kSignature, 0, "slot 3 signature"},
+      {1, 9, true, 4, kSignature, 0, "slot 3 signature, more room"},
+      {1, 3, true, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 signature, short buffer"},
+      {2, 4, true, 99, 0, ERROR_INVALID_PARAMETER, "slot 3 interface version"},
+      {3, 4, true, 4, 2, 0, "slot 3 version"},
+      {3, 4, false, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 version, no buffer"},
+      {4, 4, true, 0, 0, ERROR_NOT_SUPPORTED, "slot 3 publisher"},
+      {4, 0, true, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 publisher, short buffer"},
+      {5, 4, true, 99, 0, ERROR_INVALID_PARAMETER, "slot 3 helper interfaces"},
   };
   for (const InfoRow& row : kRows) {
     DWORD value = 0;
     DWORD needed = 99;
     SetLastError(0);
-    const HRESULT result = object.GetInfo(row.mode, &value, row.size, &needed);
+    const HRESULT result =
+        object.GetInfo(row.mode, row.hasBuffer ? &value : nullptr, row.size, &needed);
     Expect(result == (row.error == 0 ? S_OK : E_FAIL) && GetLastError() == row.error &&
                needed == row.needed && value == row.value,
            row.name);
   }
+  DWORD value = 0;
+  SetLastError(0);
+  Expect(object.GetInfo(1, &value, sizeof value, nullptr) == E_FAIL &&
+             GetLastError() == ERROR_INVALID_PARAMETER && value == 0,
+         "slot 3 no room for the size");
 }
 
 void CheckDevMode(IPrintOemUI& object) {
@@ -130,11 +146,13 @@ void CheckDevMode(IPrintOemUI& object) {
   Expect(object.DevMode(2, &param) == S_OK && block[0] == (kBlockSize & 0xFF) && block[4] == 'T' &&
              block[7] == 'M' && block[kBlockSize] == 0xEE,
          "slot 4 default");
+  Expect(object.DevMode(1, nullptr) == E_FAIL, "slot 4 without parameters");
 }
 
 void CheckHelper(IPrintOemUI& object, DriverHelper& helper) {
   DriverHelper useless;
   useless.answers = false;
+  Expect(object.PublishDriverInterface(nullptr) == E_FAIL, "slot 5 nothing offered");
   Expect(object.PublishDriverInterface(&useless) == E_FAIL && useless.references == 1,
          "slot 5 helper without the interface");
   Expect(object.PublishDriverInterface(&helper) == S_OK && helper.references == 2,
@@ -150,12 +168,19 @@ void CheckSheets(IPrintOemUI& object, SheetMethod method, const char* name) {
   SheetInfo info{};
   info.size = sizeof info;
   info.version = kSheetVersion + 1;
-  SetLastError(0);
-  Expect((object.*method)(&info, 0) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER, name);
-  SetLastError(0);
-  Expect((object.*method)(nullptr, 0) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER, name);
-
+  info.result = kUntouched;
+  const auto isRefused = [&](SheetInfo* refused) {
+    SetLastError(0);
+    return (object.*method)(refused, 0) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER &&
+           info.result == kUntouched;
+  };
+  Expect(isRefused(nullptr), name);
+  Expect(isRefused(&info), name);
   info.version = kSheetVersion;
+  info.size = sizeof info - 8;
+  Expect(isRefused(&info), name);
+
+  info.size = 0;  // tells no size
   info.reason = 1;
   SheetHeader header{};
   Expect((object.*method)(&info, reinterpret_cast<LPARAM>(&header)) == S_OK && info.result == 1 &&
@@ -165,8 +190,17 @@ void CheckSheets(IPrintOemUI& object, SheetMethod method, const char* name) {
   SetResultInfo set{sizeof set, 0, nullptr, 4711};
   Expect((object.*method)(&info, reinterpret_cast<LPARAM>(&set)) == S_OK && info.result == 4711,
          name);
-  info.reason = 4;
-  Expect((object.*method)(&info, 0) == S_OK && info.result == 0, name);
+  static constexpr struct {
+    WORD reason;
+    unsigned long long result;
+  } kWithoutRecord[] = {{1, 1}, {2, 1}, {3, 0}, {4, 0}};
+  for (const auto& row : kWithoutRecord) {
+    info.reason = row.reason;
+    info.result = kUntouched;
+    Expect((object.*method)(&info, 0) == S_OK && info.result == row.result, name);
+  }
+  info.reason = 99;
+  Expect((object.*method)(&info, 0) == S_OK, name);
 }
 
 void CheckCommonUi(IPrintOemUI& object) {
@@ -177,24 +211,38 @@ void CheckCommonUi(IPrintOemUI& object) {
   SetLastError(0);
   Expect(object.CommonUIProp(1, nullptr) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER,
          "slot 6 without parameters");
+  Expect(object.CommonUIProp(3, &param) == E_FAIL, "slot 6 another mode");
+  param.size = sizeof param - 8;
+  Expect(object.CommonUIProp(1, &param) == E_FAIL, "slot 6 short parameters");
 }
 
 void CheckColorProfile(IPrintOemUI& object) {
-  wchar_t name[16] = {};
-  ULONG size = 31;
-  ULONG flags = 99;
-  SetLastError(0);
-  Expect(object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 0, name, &size, &flags) ==
-                 E_FAIL &&
-             GetLastError() == ERROR_INSUFFICIENT_BUFFER && size == 32,
-         "slot 14 short buffer");
-  Expect(object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 0, name, &size, &flags) ==
-                 S_OK &&
-             size == 32 && flags == 2 && Equal(name, L"OEMPROFILE.icm"),
-         "slot 14 profile name");
-  Expect(object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 1, name, &size, &flags) ==
+  wchar_t name[17] = {};
+  name[16] = L'x';
+  ULONG size = 0;
+  ULONG flags = kUntouched;
+  const auto query = [&](ULONG mode, void* data, ULONG room, ULONG* outFlags) {
+    size = room;
+    SetLastError(0);
+    return object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, mode, data, &size,
+                                    outFlags);
+  };
+  const auto isShort = [&](void* data, ULONG room) {
+    return query(0, data, room, nullptr) == E_FAIL && GetLastError() == ERROR_INSUFFICIENT_BUFFER &&
+           size == 32;
+  };
+  Expect(isShort(name, 31) && isShort(nullptr, 32), "slot 14 short or missing buffer");
+  Expect(query(1, name, 32, &flags) == E_FAIL && flags == kUntouched, "slot 14 source profile");
+  const auto isNamed = [&](ULONG room) {
+    name[0] = 0;
+    return query(0, name, room, &flags) == S_OK && size == 32 && flags == 2 &&
+           Equal(name, L"OEMPROFILE.icm") && name[16] == L'x';
+  };
+  Expect(isNamed(32) && isNamed(0xFFFFFFFF), "slot 14 profile name");
+  Expect(query(0, name, 32, nullptr) == E_FAIL, "slot 14 no room for the flags");
+  Expect(object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 0, name, nullptr, &flags) ==
              E_FAIL,
-         "slot 14 source profile");
+         "slot 14 no room for the size");
 }
 
 void CheckNotImplemented(IPrintOemUI& object) {
@@ -212,18 +260,29 @@ void CheckNotImplemented(IPrintOemUI& object) {
   Expect(object.UpdateExternalFonts(nullptr, nullptr, nullptr) == E_NOTIMPL, "slot 16");
 }
 
-void CheckFactory(GetClassObject getClassObject, IClassFactory& factory, CanUnloadNow canUnload) {
+void CheckFactory(GetClassObject getClassObject, IClassFactory& factory) {
   void* out = &factory;
   Expect(getClassObject(IID_IPrintOemUI, IID_IClassFactory, &out) == CLASS_E_CLASSNOTAVAILABLE &&
              out == &factory,
          "another class");
   Expect(getClassObject(CLSID_OEMUI, IID_IPrintOemUI, &out) == E_NOINTERFACE && out == nullptr,
          "another interface of the class");
+  Expect(getClassObject(CLSID_OEMUI, IID_IClassFactory, nullptr) == E_POINTER, "no output");
   Expect(factory.AddRef() == 2 && factory.Release() == 1, "factory reference count");
-  Expect(factory.CreateInstance(&factory, IID_IUnknown, &out) == CLASS_E_NOAGGREGATION,
-         "aggregation");
-  Expect(canUnload() == S_OK, "unloadable without a lock");
-  Expect(factory.LockServer(1) == S_OK && canUnload() == S_FALSE, "held by a lock");
+  Expect(factory.QueryInterface(IID_IUnknown, &out) == S_OK && out == &factory &&
+             factory.Release() == 1,
+         "factory as IUnknown");
+  Expect(factory.CreateInstance(&factory, IID_IPrintOemUI2, &out) == CLASS_E_NOAGGREGATION,
+         "aggregation, whatever is asked for");
+  Expect(factory.CreateInstance(nullptr, IID_IPrintOemUI2, &out) == E_NOINTERFACE && out == nullptr,
+         "an interface that the object lacks");
+}
+
+void CheckLocks(IClassFactory& factory, CanUnloadNow canUnload) {
+  Expect(canUnload() == S_OK, "a live object does not hold the module");
+  Expect(factory.LockServer(1) == S_OK && factory.LockServer(2) == S_OK &&
+             factory.LockServer(0) == S_OK && canUnload() == S_FALSE,
+         "held by a lock");
   Expect(factory.LockServer(0) == S_OK && canUnload() == S_OK, "unloadable again");
 }
 
@@ -238,10 +297,11 @@ void CheckModule(HANDLE module) {
     return;
   }
   auto& factory = *static_cast<IClassFactory*>(out);
-  CheckFactory(getClassObject, factory, canUnload);
+  CheckFactory(getClassObject, factory);
 
   Expect(factory.CreateInstance(nullptr, IID_IPrintOemUI, &out) == S_OK, "slot 0 own interface");
   auto& object = *static_cast<IPrintOemUI*>(out);
+  CheckLocks(factory, canUnload);
   DriverHelper helper;
   CheckIdentity(object);
   CheckHelper(object, helper);

@@ -1,5 +1,6 @@
 // The few platform declarations that the client needs, so that it builds with nothing but a
-// compiler for the other C++ ABI of x64: no system headers, no C runtime.
+// compiler for the other C++ ABI of x64: no system headers, no C runtime. Declared anew, so that a
+// fault in the plug-in's own declarations shows.
 #pragma once
 
 using BOOL = int;
@@ -14,6 +15,7 @@ inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
 inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001);
 inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002);
+inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003);
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005);
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = static_cast<HRESULT>(0x80040110);
 inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = static_cast<HRESULT>(0x80040111);

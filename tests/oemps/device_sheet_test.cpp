@@ -1,7 +1,6 @@
 // Printer properties: the page, and its button that opens the authentication manager.
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 
 #include "iat_patch.h"
@@ -12,7 +11,6 @@
 namespace zn::test {
 namespace {
 
-constexpr DWORD kOdd = 0xA5A5A5A5;
 constexpr WPARAM kButton = 1376;
 constexpr char kAuthenticationModule[] = "zn_test_authentication.dll";
 
@@ -118,30 +116,6 @@ TEST_F(DeviceSheet, AddsOnePage) {
   ASSERT_NE(dialog, nullptr);
   EXPECT_NE(::GetDlgItem(dialog, kButton), nullptr);
   ::DestroyWindow(parent);
-}
-
-TEST_F(DeviceSheet, AnswersTheOtherReasons) {
-  FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
-  PROPSHEETUI_INFO_HEADER header{};
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header)),
-            S_OK);
-  EXPECT_STREQ(reinterpret_cast<const wchar_t*>(header.pTitle), L"OEM UI Page");
-  EXPECT_EQ(sheet.info.Result, 1U);
-  SETRESULT_INFO set{};
-  set.Result = 4711;
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&set)), S_OK);
-  EXPECT_EQ(sheet.info.Result, 4711U);
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_ICON), S_OK);
-  EXPECT_EQ(sheet.info.Result, 0U);
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
-  EXPECT_EQ(sheet.info.Result, 1U);
-  EXPECT_EQ(sheet.Send(99), S_OK);
-
-  sheet.info.Version = 0x0101;
-  ::SetLastError(kOdd);
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), E_FAIL);
-  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-  EXPECT_EQ(object_->DevicePropertySheets(nullptr, 0), E_FAIL);
 }
 
 TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {

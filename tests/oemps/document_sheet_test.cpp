@@ -4,6 +4,8 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "document_job.h"
 #include "iat_patch.h"
@@ -12,8 +14,6 @@
 
 namespace zn::test {
 namespace {
-
-constexpr DWORD kOdd = 0xA5A5A5A5;
 
 struct ShownBox {
   HWND owner;
@@ -60,41 +60,43 @@ TEST_F(DocumentSheet, SizingCallReportsNoItemsAndPreparesNothing) {
   EXPECT_EQ(job.items[0].Flags & OPTIF_HIDE, 0U);
 }
 
-TEST_F(DocumentSheet, PreparationRefusesWhatItCannotUse) {
+TEST_F(DocumentSheet, PreparationNeedsAHeap) {
   DocumentJob job(*object_);
-  const OEMCUIPPARAM good = job.param;
+  EXPECT_EQ(job.Prepare(), S_OK);  // leaves nothing behind for the refused one
+  const HANDLE heap = std::exchange(job.param.hOEMHeap, nullptr);
+  job.items[0].Flags = 0;
+  ::SetLastError(0);
+  EXPECT_EQ(job.Prepare(), E_FAIL);
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(job.items[0].Flags, 0U);
+  job.param.hOEMHeap = heap;
+  FakeSheet sheet = NewSheet();
+  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+  EXPECT_TRUE(sheet.calls.empty());
+  EXPECT_EQ(sheet.info.Result, 0U);
+  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+}
+
+TEST_F(DocumentSheet, OpensWithWhateverElseIsMissing) {
   CDevMode foreign;
   foreign.SetDefaults();
-  foreign.SetDWord(0, kDevModeSize - 4);
-  const auto refused = [&](const char* what) {
+  foreign.SetDWord(devmode::kSize, kDevModeSize - 4);
+  const auto opens = [&](const char* what, auto&& change) {
     SCOPED_TRACE(what);
-    ::SetLastError(kOdd);
-    EXPECT_EQ(job.Prepare(), E_FAIL);
-    EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_EQ(job.items[0].Flags & OPTIF_HIDE, 0U);
+    DocumentJob job(*object_);
+    change(job.param);
+    EXPECT_EQ(job.Prepare(), S_OK);
     FakeSheet sheet = NewSheet();
-    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
-    EXPECT_TRUE(sheet.calls.empty());
-    EXPECT_EQ(sheet.info.Result, 0U);
-    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
-    job.param = good;
+    sheet.Send(PROPSHEETUI_REASON_INIT);
+    ASSERT_EQ(sheet.calls.size(), 5U);
+    EXPECT_TRUE(ContextOf(sheet)->jobValues.IsCurrent());
+    sheet.Send(PROPSHEETUI_REASON_DESTROY);
+    EXPECT_EQ(job.BusyBlocks(), 0);
   };
-  job.param.pOEMDM = nullptr;
-  refused("no block");
-  job.param.pOEMDM = &foreign;
-  refused("another block");
-  job.param.pPublicDM = nullptr;
-  refused("no public part");
-  job.param.hOEMHeap = nullptr;
-  refused("no heap");
-  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, nullptr), E_FAIL);
-  job.param.cbSize = sizeof job.param - 8;
-  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &job.param), E_FAIL);
-  job.param = good;
-  EXPECT_EQ(object_->CommonUIProp(3, &job.param), E_FAIL);
-  job.param.pDrvOptItems = nullptr;  // with its count
-  EXPECT_EQ(job.Prepare(), S_OK);
-  job.param.hOEMHeap = good.hOEMHeap;
+  opens("block", [](OEMCUIPPARAM& param) { param.pOEMDM = nullptr; });
+  opens("block of this version", [&](OEMCUIPPARAM& param) { param.pOEMDM = &foreign; });
+  opens("public part", [](OEMCUIPPARAM& param) { param.pPublicDM = nullptr; });
+  opens("items, but not their count", [](OEMCUIPPARAM& param) { param.pDrvOptItems = nullptr; });
 }
 
 TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
@@ -165,7 +167,7 @@ TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
   DocumentJob job(*object_);
   OEMUIOBJ prepared{};
   job.param.poemuiobj = &prepared;
-  job.param.dwFlags = 0x20;  // DM_NOPERMISSION
+  job.param.dwFlags = DM_NOPERMISSION;
   job.items[4].DMPubID = DMPUB_NONE;
   job.Prepare();
   FakeSheet sheet = NewSheet();
@@ -176,47 +178,6 @@ TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
   EXPECT_EQ(ContextOf(sheet)->poemuiobj, &prepared);
   EXPECT_EQ(ContextOf(sheet)->pOEMHelp, nullptr);
   sheet.Send(PROPSHEETUI_REASON_DESTROY);
-}
-
-TEST_F(DocumentSheet, AnswersTheOtherReasons) {
-  FakeSheet sheet = NewSheet();
-  PROPSHEETUI_INFO_HEADER header{};
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header)),
-            S_OK);
-  EXPECT_STREQ(reinterpret_cast<const wchar_t*>(header.pTitle), L"OEM UI Page");
-  EXPECT_EQ(sheet.info.Result, 1U);
-  SETRESULT_INFO set{};
-  set.Result = 4711;
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&set)), S_OK);
-  EXPECT_EQ(sheet.info.Result, 4711U);
-  for (const int reason : {4, 5, 99}) {
-    EXPECT_EQ(sheet.Send(reason), S_OK);
-    EXPECT_EQ(sheet.info.Result, 0U);
-  }
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_DESTROY), S_OK);
-  EXPECT_EQ(sheet.info.Result, 1U);
-  for (const int reason : {PROPSHEETUI_REASON_GET_INFO_HEADER, PROPSHEETUI_REASON_SET_RESULT}) {
-    EXPECT_EQ(sheet.Send(reason), S_OK);  // without a record
-  }
-}
-
-TEST_F(DocumentSheet, RefusesAnotherRecord) {
-  FakeSheet sheet = NewSheet();
-  const PROPSHEETUI_INFO good = sheet.info;
-  const auto refused = [&] {
-    ::SetLastError(kOdd);
-    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), E_FAIL);
-    EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_EQ(sheet.info.Result, FakeSheet::kUntouched);
-    sheet.info = good;
-  };
-  sheet.info.Version = 0x0101;
-  refused();
-  sheet.info.cbSize = sizeof sheet.info - 8;
-  refused();
-  ::SetLastError(kOdd);
-  EXPECT_EQ(object_->DocumentPropertySheets(nullptr, 0), E_FAIL);
-  EXPECT_EQ(::GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
 }
 
 TEST_F(DocumentSheet, WithoutACallbackNoPageIsAdded) {
