@@ -47,6 +47,12 @@ void Expect(bool holds, const char* what) {
   }
 }
 
+template <class Call>
+bool FailsWith(DWORD error, Call call) {
+  SetLastError(0);
+  return call() == E_FAIL && GetLastError() == error;
+}
+
 bool Equal(const wchar_t* left, const wchar_t* right) {
   while (*left != 0 && *left == *right) {
     ++left;
@@ -129,9 +135,9 @@ void CheckGetInfo(IPrintOemUI& object) {
            row.name);
   }
   DWORD value = 0;
-  SetLastError(0);
-  Expect(object.GetInfo(1, &value, sizeof value, nullptr) == E_FAIL &&
-             GetLastError() == ERROR_INVALID_PARAMETER && value == 0,
+  Expect(FailsWith(ERROR_INVALID_PARAMETER,
+                   [&] { return object.GetInfo(1, &value, sizeof value, nullptr); }) &&
+             value == 0,
          "slot 3 no room for the size");
 }
 
@@ -170,8 +176,7 @@ void CheckSheets(IPrintOemUI& object, SheetMethod method, const char* name) {
   info.version = kSheetVersion + 1;
   info.result = kUntouched;
   const auto isRefused = [&](SheetInfo* refused) {
-    SetLastError(0);
-    return (object.*method)(refused, 0) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER &&
+    return FailsWith(ERROR_INVALID_PARAMETER, [&] { return (object.*method)(refused, 0); }) &&
            info.result == kUntouched;
   };
   Expect(isRefused(nullptr), name);
@@ -208,12 +213,13 @@ void CheckCommonUi(IPrintOemUI& object) {
   param.size = sizeof param;
   param.ownItemCount = 7;
   Expect(object.CommonUIProp(1, &param) == S_OK && param.ownItemCount == 0, "slot 6 sizing call");
-  SetLastError(0);
-  Expect(object.CommonUIProp(1, nullptr) == E_FAIL && GetLastError() == ERROR_INVALID_PARAMETER,
-         "slot 6 without parameters");
-  Expect(object.CommonUIProp(3, &param) == E_FAIL, "slot 6 another mode");
+  const auto isRefused = [&](DWORD mode, CommonUiParam* refused) {
+    return FailsWith(ERROR_INVALID_PARAMETER, [&] { return object.CommonUIProp(mode, refused); });
+  };
+  Expect(isRefused(1, nullptr), "slot 6 without parameters");
+  Expect(isRefused(3, &param), "slot 6 another mode");
   param.size = sizeof param - 8;
-  Expect(object.CommonUIProp(1, &param) == E_FAIL, "slot 6 short parameters");
+  Expect(isRefused(1, &param), "slot 6 short parameters");
 }
 
 void CheckColorProfile(IPrintOemUI& object) {
@@ -223,12 +229,11 @@ void CheckColorProfile(IPrintOemUI& object) {
   ULONG flags = kUntouched;
   const auto query = [&](ULONG mode, void* data, ULONG room, ULONG* outFlags) {
     size = room;
-    SetLastError(0);
     return object.QueryColorProfile(nullptr, nullptr, nullptr, nullptr, mode, data, &size,
                                     outFlags);
   };
   const auto isShort = [&](void* data, ULONG room) {
-    return query(0, data, room, nullptr) == E_FAIL && GetLastError() == ERROR_INSUFFICIENT_BUFFER &&
+    return FailsWith(ERROR_INSUFFICIENT_BUFFER, [&] { return query(0, data, room, nullptr); }) &&
            size == 32;
   };
   Expect(isShort(name, 31) && isShort(nullptr, 32), "slot 14 short or missing buffer");

@@ -5,29 +5,45 @@
 
 #include "iat_patch.h"
 #include "plugin_client.h"
-#include "test_authentication.h"
 #include "user_registry.h"
 
 namespace zn::test {
 namespace {
 
 constexpr WPARAM kButton = 1376;
-constexpr char kAuthenticationModule[] = "zn_test_authentication.dll";
 
-// The world of the button: which module its path leads to, and whether the printer opens.
+// The world of the button: whether the companion and its dialog are there, whether the printer
+// opens, and what they are asked.
 struct World {
-  const char* module = kAuthenticationModule;  // null: not installed
+  bool hasModule = true;
+  bool hasDialog = true;
   bool printerOpens = true;
-  std::string path, printerName;
+  std::string path, printerName, keyName;
+  HANDLE shownPrinter = nullptr;
   DWORD access = 0;
-  int opened = 0, closed = 0;
+  int opened = 0, closed = 0, shown = 0, mayChange = -1;
 };
 World g_world;
 int g_printer = 0;
 
 HMODULE WINAPI LoadInstead(const char* path) {
   g_world.path = path;
-  return g_world.module != nullptr ? ::LoadLibraryA(g_world.module) : nullptr;
+  return g_world.hasModule ? ::LoadLibraryA(ZN_TEST_MODULE) : nullptr;
+}
+
+int ShowDialog(HANDLE printer, char* keyName, int mayChange) {
+  ++g_world.shown;
+  g_world.shownPrinter = printer;
+  g_world.keyName = keyName;
+  g_world.mayChange = mayChange;
+  EXPECT_EQ(g_world.closed, g_world.opened - 1);
+  return 0;
+}
+
+FARPROC WINAPI FindInstead(HMODULE module, const char* name) {
+  EXPECT_EQ(module, ::GetModuleHandleA(ZN_TEST_MODULE));
+  EXPECT_STREQ(name, "?OnAuthenticationManagerDlg@@YAHPEAXPEADH@Z");
+  return g_world.hasDialog ? reinterpret_cast<FARPROC>(&ShowDialog) : nullptr;
 }
 
 BOOL WINAPI OpenInstead(char* name, HANDLE* printer, PRINTER_DEFAULTSA* defaults) {
@@ -73,29 +89,21 @@ class DeviceSheet : public testing::Test {
   INT_PTR Click(DWORD flags = 0) {
     const DLGPROC procedure = AddPage(flags);
     const ImportPatch load(plugIn_.Module(), "LoadLibraryA", &LoadInstead);
+    const ImportPatch find(plugIn_.Module(), "GetProcAddress", &FindInstead);
     const ImportPatch open(plugIn_.Module(), "OpenPrinterA", &OpenInstead);
     const ImportPatch close(plugIn_.Module(), "ClosePrinter", &CloseInstead);
     return procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), 0);
   }
 
+  // Whether the click left the companion loaded; frees it then.
+  static bool FreeCompanion() {
+    const HMODULE module = ::GetModuleHandleA(ZN_TEST_MODULE);
+    return module != nullptr && ::FreeLibrary(module) != FALSE;
+  }
+
   UserRegistry registry_;
   PlugIn plugIn_;
   ComPtr<IPrintOemUI> object_ = plugIn_.Object();
-};
-
-// Keeps the companion loaded, so that its memory of the call outlasts the click.
-class Companion {
- public:
-  Companion() : module_(::LoadLibraryA(kAuthenticationModule)) { *Call() = {}; }
-  ~Companion() { ::FreeLibrary(module_); }
-  Companion(const Companion&) = delete;
-  Companion& operator=(const Companion&) = delete;
-  [[nodiscard]] AuthenticationCall* Call() const {
-    return reinterpret_cast<LastCallFunction*>(::GetProcAddress(module_, "LastCall"))();
-  }
-
- private:
-  HMODULE module_;
 };
 
 TEST_F(DeviceSheet, AddsOnePage) {
@@ -121,75 +129,65 @@ TEST_F(DeviceSheet, AddsOnePage) {
 TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {
   const std::string name = "\x95\xA1\x8D\x87\x8B\x40";  // 複合機 in code page 932
   registry_.SetText("Printers\\Connections\\,,server," + name, "GuidPrinter", "{1234}");
-  const Companion companion;
   Record(L"\\\\server\\複合機");
   EXPECT_EQ(Click(), 1);
   EXPECT_EQ(g_world.path, "\\Windows\\System32\\spool\\drivers\\x64\\3\\Zn55psu1ui2.dll");
   EXPECT_EQ(g_world.printerName, "\\\\server\\" + name);
   EXPECT_EQ(g_world.access, DWORD{PRINTER_ALL_ACCESS});
-  EXPECT_EQ(companion.Call()->count, 1);
-  EXPECT_EQ(companion.Call()->printer, &g_printer);
-  EXPECT_EQ(companion.Call()->keyName, name + "{1234}");
-  EXPECT_EQ(companion.Call()->mayChange, 1);
+  EXPECT_EQ(g_world.shown, 1);
+  EXPECT_EQ(g_world.shownPrinter, &g_printer);
+  EXPECT_EQ(g_world.keyName, name + "{1234}");
+  EXPECT_EQ(g_world.mayChange, 1);
   EXPECT_EQ(g_world.closed, 1);
+  EXPECT_FALSE(FreeCompanion());
 }
 
 TEST_F(DeviceSheet, PermissionFollowsTheFlagsOfEachSheet) {
-  const Companion companion;
   Record(L"printer");
   for (const DWORD flags : {DPS_NOPERMISSION, DWORD{2}, DPS_NOPERMISSION | 4, DWORD{0}}) {
     EXPECT_EQ(Click(flags), 1);
-    EXPECT_EQ(companion.Call()->mayChange, (flags & DPS_NOPERMISSION) != 0 ? 0 : 1) << flags;
+    EXPECT_EQ(g_world.mayChange, (flags & DPS_NOPERMISSION) != 0 ? 0 : 1) << flags;
   }
   FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
   sheet.info.lParamInit = 0;
   EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
 }
 
-TEST_F(DeviceSheet, ModuleIsFreedAfterTheDialog) {
-  Record(L"printer");
-  EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(::GetModuleHandleA(kAuthenticationModule), nullptr);
-}
-
 TEST_F(DeviceSheet, MissingModuleIsNotHandled) {
   Record(L"printer");
-  g_world.module = nullptr;
+  g_world.hasModule = false;
   EXPECT_EQ(Click(), 0);
   EXPECT_EQ(g_world.opened, 0);
 }
 
 TEST_F(DeviceSheet, MissingExportFreesTheModule) {
   Record(L"printer");
-  g_world.module = ZN_TEST_MODULE;
+  g_world.hasDialog = false;
   EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(::GetModuleHandleA(ZN_TEST_MODULE), nullptr);
   EXPECT_EQ(g_world.opened, 0);
+  EXPECT_FALSE(FreeCompanion());
 }
 
 TEST_F(DeviceSheet, PrinterWithoutFullAccessLeavesTheModuleLoaded) {
   Record(L"printer");
   g_world.printerOpens = false;
   EXPECT_EQ(Click(), 0);
-  const HMODULE module = ::GetModuleHandleA(kAuthenticationModule);
-  ASSERT_NE(module, nullptr);
   EXPECT_EQ(g_world.closed, 0);
-  EXPECT_EQ(reinterpret_cast<LastCallFunction*>(::GetProcAddress(module, "LastCall"))()->count, 0);
-  ::FreeLibrary(module);
+  EXPECT_EQ(g_world.shown, 0);
+  EXPECT_TRUE(FreeCompanion());
 }
 
 TEST_F(DeviceSheet, WithoutARecordedPrinterNothingIsOpened) {
   Record(nullptr);
   EXPECT_EQ(Click(), 0);
   EXPECT_EQ(g_world.opened, 0);
-  ::FreeLibrary(::GetModuleHandleA(kAuthenticationModule));
+  EXPECT_TRUE(FreeCompanion());
 }
 
 TEST_F(DeviceSheet, LongPrinterNamesAreCutInTheKeyName) {
-  const Companion companion;
   Record(std::wstring(5000, L'p').c_str());
   EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(std::string(companion.Call()->keyName), std::string(1023, 'p'));
+  EXPECT_EQ(g_world.keyName, std::string(1023, 'p'));
 }
 
 TEST_F(DeviceSheet, OtherMessagesAreLeftAlone) {

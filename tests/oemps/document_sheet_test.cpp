@@ -27,6 +27,26 @@ int WINAPI RecordBox(HWND owner, const char* text, const char* caption, UINT typ
   return IDOK;
 }
 
+// The core driver's helper interface; only its address counts.
+struct Helper final : IPrintOemDriverUI {
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
+    *out = this;
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD,
+                                                PDWORD) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) override {
+    return E_NOTIMPL;
+  }
+};
+
 class DocumentSheet : public testing::Test {
  protected:
   DocumentSheet() { g_boxes.clear(); }
@@ -38,7 +58,6 @@ class DocumentSheet : public testing::Test {
 
   PlugIn plugIn_;
   ImportPatch box_{plugIn_.Module(), "MessageBoxA", &RecordBox};
-  FakeHelper helper_;
   ComPtr<IPrintOemUI> object_ = plugIn_.Object();
 };
 
@@ -138,7 +157,8 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
 }
 
 TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
-  object_->PublishDriverInterface(&helper_);
+  static Helper helper;  // outlives the object
+  object_->PublishDriverInterface(&helper);
   DocumentJob job(*object_);
   OEMUIOBJ prepared{};
   OEMUIOBJ shown{};
@@ -153,7 +173,7 @@ TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
   EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
   EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
   EXPECT_EQ(context.poemuiobj, &shown);
-  EXPECT_EQ(context.pOEMHelp, &helper_);
+  EXPECT_EQ(context.pOEMHelp, &helper);
   EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
   EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
   EXPECT_EQ(context.hLastPage, 105);

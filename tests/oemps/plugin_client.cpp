@@ -22,11 +22,6 @@ HRESULT PlugIn::GetClassObject(REFCLSID clsid, REFIID iid, void** out) const {
                                                                                     out);
 }
 
-HRESULT PlugIn::CanUnloadNow() const {
-  using Function = HRESULT(STDAPICALLTYPE*)();
-  return reinterpret_cast<Function>(::GetProcAddress(module_, "DllCanUnloadNow"))();
-}
-
 ComPtr<IClassFactory> PlugIn::Factory() const {
   void* factory = nullptr;
   EXPECT_EQ(GetClassObject(CLSID_OEMUI, IID_IClassFactory, &factory), S_OK);
@@ -37,33 +32,6 @@ ComPtr<IPrintOemUI> PlugIn::Object() const {
   void* object = nullptr;
   EXPECT_EQ(Factory()->CreateInstance(nullptr, IID_IPrintOemUI, &object), S_OK);
   return ComPtr<IPrintOemUI>(static_cast<IPrintOemUI*>(object));
-}
-
-FakeHelper::~FakeHelper() {
-  EXPECT_EQ(references, 1U);
-}
-
-HRESULT FakeHelper::QueryInterface(REFIID iid, void** out) {
-  ++queries;
-  if (iid != IID_IUnknown && !(isDriverHelper_ && iid == IID_IPrintOemDriverUI)) {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  *out = this;
-  AddRef();
-  return S_OK;
-}
-
-HRESULT FakeHelper::DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD, PDWORD) {
-  return E_NOTIMPL;
-}
-
-HRESULT FakeHelper::DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) {
-  return E_NOTIMPL;
-}
-
-HRESULT FakeHelper::DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) {
-  return S_OK;
 }
 
 FakeSheet::FakeSheet(IPrintOemUI& object, Method method) : object_(object), method_(method) {

@@ -1,4 +1,4 @@
-// The core driver's side of the plug-in: loads the DLL, asks for its object and offers helpers.
+// The core driver's side of the plug-in: loads the DLL, asks for its object, opens sheets.
 #pragma once
 
 #include "platform/driver_interfaces.h"
@@ -25,34 +25,11 @@ class PlugIn {
 
   [[nodiscard]] HMODULE Module() const { return module_; }
   HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out) const;
-  [[nodiscard]] HRESULT CanUnloadNow() const;
   [[nodiscard]] ComPtr<IClassFactory> Factory() const;
   [[nodiscard]] ComPtr<IPrintOemUI> Object() const;
 
  private:
   HMODULE module_;
-};
-
-// An object that the core driver publishes. Fails the test when somebody still holds it at its
-// end, or let it go too often.
-class FakeHelper final : public IPrintOemDriverUI {
- public:
-  explicit FakeHelper(bool isDriverHelper = true) : isDriverHelper_(isDriverHelper) {}
-  ~FakeHelper();
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-  ULONG STDMETHODCALLTYPE Release() override { return --references; }
-  HRESULT STDMETHODCALLTYPE DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD,
-                                                PDWORD) override;
-  HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) override;
-  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) override;
-
-  ULONG references = 1;
-  int queries = 0;
-
- private:
-  bool isDriverHelper_;
 };
 
 // One call of the property-sheet callback, with copies of what its arguments pointed to.

@@ -25,14 +25,17 @@ LANGID WINAPI SystemLanguage() {
 UINT WINAPI KoreanCodePage() {
   return 949;
 }
-UINT WINAPI UnknownCodePage() {
-  return 12345;
-}
 
 DWORD g_nameLength = 0;
 DWORD WINAPI ModuleName(HMODULE, char* name, DWORD size) {
   std::fill_n(name, size, 'x');
   return g_nameLength;
+}
+
+int g_loads = 0;
+HMODULE WINAPI CountLoad(const char*) {
+  ++g_loads;
+  return nullptr;
 }
 
 // The plug-in in a folder of its own, with satellites beside it.
@@ -109,13 +112,14 @@ TEST_F(Satellite, LanguagesAreTriedInOrder) {
 }
 
 TEST_F(Satellite, IsGivenUpWithoutAModulePath) {
-  Install("JPN");
   const PlugIn plugIn(PlugInPath());
   const ImportPatch name(plugIn.Module(), "GetModuleFileNameA", &ModuleName);
-  const ImportPatch codePage(plugIn.Module(), "GetACP", &UnknownCodePage);
-  for (const DWORD length : {0U, 260U}) {
+  const ImportPatch load(plugIn.Module(), "LoadLibraryA", &CountLoad);
+  for (const DWORD length : {0U, 260U, 259U}) {
     g_nameLength = length;
+    g_loads = 0;
     EXPECT_EQ(ResourceModule(*plugIn.Object()), "") << length;
+    EXPECT_EQ(g_loads > 0, length == 259) << length;
   }
 }
 
