@@ -49,7 +49,7 @@ void DriverSheet::Open() {
 LONG_PTR DriverSheet::Notify(WORD reason, LPARAM lParam) {
   info_.Reason = reason;
   (plugIn_.operator->()->*method_)(&info_, lParam);
-  return info_.Result;
+  return static_cast<LONG_PTR>(info_.Result);
 }
 
 }  // namespace zn::host

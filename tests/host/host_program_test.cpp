@@ -141,15 +141,19 @@ TEST_F(HostProgramTest, DevModeFileCarriesTheSettingsFromSheetToSheet) {
   }
 }
 
-TEST_F(HostProgramTest, UnusableFilesFailInOneLine) {
+TEST_F(HostProgramTest, FailuresGetOneLineAndExitCodeOne) {
+  const auto expectFailure = [](const std::string& words, const std::string& message) {
+    const auto [code, output] = RunHost(words);
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(output, "znhost: " + message + '\n');
+  };
+  expectFailure("prefs --queue \"no such queue\"", "no such queue: no such queue");
   ASSERT_TRUE(host::WriteWholeFile(file_, "no DEVMODE"));
-  EXPECT_EQ(RunHost(PrefsWords()).output, "znhost: not a DEVMODE of this host: " + file_ + '\n');
+  expectFailure(PrefsWords(), "not a DEVMODE of this host: " + file_);
   ::DeleteFileA(file_.c_str());
   ::CreateDirectoryA(file_.c_str(), nullptr);
-  const auto [code, output] = RunHost(PrefsWords());
+  expectFailure(PrefsWords(), "cannot read " + file_);
   ::RemoveDirectoryA(file_.c_str());
-  EXPECT_EQ(code, 1);
-  EXPECT_EQ(output, "znhost: cannot read " + file_ + '\n');
 }
 
 TEST_F(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
@@ -162,12 +166,6 @@ TEST_F(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
     EXPECT_TRUE(output.starts_with("znhost: ")) << words;
     EXPECT_EQ(std::ranges::count(output, '\n'), 1) << words << ": " << output;
   }
-}
-
-TEST_F(HostProgramTest, UnknownQueueFailsInOneLine) {
-  const auto [code, output] = RunHost("prefs --queue \"no such queue\"");
-  EXPECT_EQ(code, 1);
-  EXPECT_EQ(output, "znhost: no such queue: no such queue\n");
 }
 
 TEST_F(HostProgramTest, DeletedPrinterLosesItsUserData) {
