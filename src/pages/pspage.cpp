@@ -12,7 +12,6 @@ namespace zn {
 namespace {
 
 constexpr COLORREF kTransparentColor = RGB(255, 0, 255);
-constexpr int kMaxEntryBytes = 255;
 
 // Keeps a list from painting while its entries change.
 class PaintPause {
@@ -32,7 +31,6 @@ class PaintPause {
 };
 
 void AppendEntry(HWND list, std::string& text, const int* image) {
-  text.resize(std::min<std::size_t>(text.size(), kMaxEntryBytes));
   COMBOBOXEXITEMA entry{};
   entry.mask = CBEIF_TEXT;
   entry.iItem = -1;

@@ -98,6 +98,9 @@ TEST_F(AdvancedTree, EveryOptionCanBeShown) {
   EXPECT_EQ(Item(5).pOptType->pOptParam[1].lParam, 1000);
   EXPECT_EQ(Item(11).pOptType->pOptParam[1].IconID, 1u);
   EXPECT_EQ(Item(11).pOptType->pOptParam[1].lParam, 3);
+  EXPECT_EQ(Item(3).pName, MAKEINTRESOURCEA(IDS_CPSUI_ICMMETHOD));
+  EXPECT_EQ(Item(13).pOptType->pOptParam[1].pData, MAKEINTRESOURCEA(IDS_CPSUI_YES));
+  EXPECT_EQ(Item(7).pName, Japanese("ドキュメントのオプション"));
   EXPECT_EQ(Item(8).pName, Japanese("PostScriptオプション"));
 }
 

@@ -113,6 +113,22 @@ TEST_F(Controls, LabelsStandBesideTheMiddleOfTheirLists) {
   }
 }
 
+TEST_F(Controls, PagesThatStoreEveryChangeCommitWhenTheyAreLeft) {
+  SetSelections(KW_COLORMODEL, 0, 0);
+  std::uint32_t selection = 0;
+  for (const PageIndex page : {kBasicPage, kTrayPage, kWatermarkPage}) {
+    SCOPED_TRACE(page);
+    Open(page);
+    EXPECT_EQ(sheet_->activePage, Page());
+    selection ^= 1;
+    sheet_->SetCurrent(KW_COLORMODEL, selection);
+    ASSERT_TRUE(Activate(kJobPage));
+    EXPECT_EQ(sheet_->items[KW_COLORMODEL]->Sel, static_cast<LONG>(selection));
+    Close();
+  }
+  EXPECT_EQ(driver_.updates.size(), 3u);
+}
+
 TEST_F(Controls, RadioGroupsMoveTheFocusToTheCheckedRadio) {
   constexpr std::array kRadios{IDC_BASIC_PORTRAIT, IDC_BASIC_LANDSCAPE, IDC_BASIC_ROTATED};
   Open(kBasicPage);
@@ -132,16 +148,18 @@ TEST_F(Controls, RadioGroupsMoveTheFocusToTheCheckedRadio) {
 }
 
 TEST(WarningImages, MarkWhatIsNotAvailable) {
-  const HIMAGELIST list = LoadWarningImage().m_hImgWarningList_16.get();
-  EXPECT_EQ(LoadWarningImage().m_hImgWarningList_16.get(), list) << "made once";
-  ASSERT_EQ(::ImageList_GetImageCount(list), 1);
+  const HIMAGELIST warnings = LoadWarningImage().m_hImgWarningList_16.get();
+  EXPECT_EQ(LoadWarningImage().m_hImgWarningList_16.get(), warnings) << "made once";
+  ASSERT_EQ(::ImageList_GetImageCount(warnings), 1);
   EXPECT_NE(LoadWarningImage().icon24, nullptr);
   EXPECT_NE(LoadWarningImage().icon32, nullptr);
 
+  const HIMAGELIST list = SharedImages(IDB_STAPLE);
+  const int warning = ::ImageList_GetImageCount(list) - 1;
   constexpr std::array<std::uint32_t, 4> kAvailable{1, 0, 1, 0};
   std::array images{7, 7, 8, 8};
   EXPECT_EQ(SetWarningIndex(kAvailable, images, list), 1);
-  EXPECT_EQ(images, (std::array{7, 0, 8, 0}));
+  EXPECT_EQ(images, (std::array{7, warning, 8, warning}));
 
   constexpr std::array<std::uint32_t, 4> kAll{1, 1, 2, 1};
   EXPECT_EQ(SetWarningIndex(kAll, images, list), 0);
@@ -149,7 +167,7 @@ TEST(WarningImages, MarkWhatIsNotAvailable) {
   EXPECT_EQ(SetWarningIndex({}, images, list), 0);
   const UniqueImageList empty(::ImageList_Create(16, 16, ILC_COLOR32, 1, 1));
   EXPECT_EQ(SetWarningIndex(kAvailable, images, empty.get()), 0);
-  EXPECT_EQ(images, (std::array{7, 0, 8, 0}));
+  EXPECT_EQ(images, (std::array{7, warning, 8, warning}));
 }
 
 TEST(ImageStrips, HaveTheImagesThatThePagesShow) {

@@ -152,6 +152,7 @@ TEST_F(JobPage, NotificationCodes) {
       {CBN_SELENDCANCEL, IDC_JOB_COLOR_MODE, 0, false},
       {EN_KILLFOCUS, IDC_JOB_NAME, 0, false},
       {EN_CHANGE, IDC_JOB_COLOR_MODE, 0, false},
+      {EN_CHANGE, IDC_JOB_NAME, 1, false},  // the text is the one that the page set
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << "code " << row.code << " of control " << row.id);
@@ -278,7 +279,9 @@ TEST_F(JobPage, RestoreDefaultsStoresThemAndLeavesTheJobName) {
   EnterJobName("kept");
   Open(kJobPage);
   sheet_->activePage = nullptr;
+  ::ValidateRect(Page(), nullptr);
   Click(IDC_RESTORE_DEFAULTS);
+  EXPECT_TRUE(::GetUpdateRect(Page(), nullptr, FALSE)) << "the page is painted again";
   EXPECT_EQ(Shown(), (Indexes{0, 1, 0}));
   EXPECT_EQ(Selections(), (Values{0, 1, 0}));
   EXPECT_EQ(sheet_->activePage, Page());
@@ -337,6 +340,8 @@ class PrintOptions : public JobPage {
     Open(kJobPage);
     // The controls are stored before the dialog opens, whether or not they notified the page.
     ::CheckRadioButton(Page(), IDC_JOB_SPOOL_NONE, IDC_JOB_SPOOL_ONLY, IDC_JOB_SPOOL_AFTER_PRINT);
+    // The dialog may bring other colour modes along.
+    ::SendMessageA(Control(IDC_JOB_COLOR_MODE), CBEM_DELETEITEM, 1, 0);
     ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", answer);
     Click(IDC_JOB_PRINT_OPTIONS);
     ::SetEnvironmentVariableA("ZN_COMPANION_ANSWER", nullptr);
@@ -347,9 +352,10 @@ class PrintOptions : public JobPage {
 };
 
 TEST_F(PrintOptions, OkTakesSettingsAndProfileBack) {
-  OpenAndAnswer("ok;CL_CMODE=0;profile=ZN5050B");
-  EXPECT_EQ(Selections(), (Values{1, 3, 1}));
-  EXPECT_EQ(Shown(), (Indexes{1, 3, 1}));
+  OpenAndAnswer("ok;CL_CMODE=0;CL_PMODE=5;SP_SPOPT=2;profile=ZN5050B");
+  EXPECT_EQ(Selections(), (Values{1, 4, 2}));
+  EXPECT_EQ(Shown(), (Indexes{1, 4, 2}));
+  EXPECT_EQ(::SendMessageA(Control(IDC_JOB_COLOR_MODE), CB_GETCOUNT, 0, 0), 2);
   EXPECT_STREQ(sheet_->deviceProfilePath, "ZN5050B");
 }
 
