@@ -99,6 +99,7 @@ TEST_F(AdvancedTree, EveryOptionCanBeShown) {
   EXPECT_EQ(Item(11).pOptType->pOptParam[1].IconID, 1u);
   EXPECT_EQ(Item(11).pOptType->pOptParam[1].lParam, 3);
   EXPECT_EQ(Item(3).pName, MAKEINTRESOURCEA(IDS_CPSUI_ICMMETHOD));
+  EXPECT_EQ(Item(13).pOptType->pOptParam[0].pData, MAKEINTRESOURCEA(IDS_CPSUI_NO));
   EXPECT_EQ(Item(13).pOptType->pOptParam[1].pData, MAKEINTRESOURCEA(IDS_CPSUI_YES));
   EXPECT_EQ(Item(7).pName, Japanese("ドキュメントのオプション"));
   EXPECT_EQ(Item(8).pName, Japanese("PostScriptオプション"));
