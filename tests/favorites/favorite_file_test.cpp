@@ -13,7 +13,7 @@
 #include "favorites/favorite_tag_list.h"
 #include "favorites/item_line.h"
 #include "tests/favorites/reload_check.h"
-#include "tests/favorites/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn {
 namespace {

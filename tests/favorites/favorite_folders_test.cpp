@@ -8,7 +8,7 @@
 
 #include "iat_patch.h"
 #include "platform/resources.h"
-#include "tests/favorites/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn {
 namespace {

@@ -9,7 +9,7 @@
 #include "favorites/setting_source.h"
 #include "session/keyword_table.h"
 #include "tests/favorites/settings_test_sheet.h"
-#include "tests/favorites/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn {
 namespace {

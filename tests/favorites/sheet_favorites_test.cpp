@@ -12,8 +12,8 @@
 #include "favorites/print_option_setting.h"
 #include "iat_patch.h"
 #include "platform/resources.h"
-#include "tests/favorites/temp_folder.h"
 #include "tests/session/sheet_fixture.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn::test {
 namespace {

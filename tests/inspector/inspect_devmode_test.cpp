@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <cstring>
 
 #include "oemps/devmode.h"
@@ -21,25 +19,14 @@ CDevMode DefaultedBlock() {
   return block;
 }
 
-CDevMode BlockIn(const TemporaryFolder& folder, std::string_view name) {
-  CDevMode block{};
-  const std::string bytes = folder.Read(name);
-  EXPECT_EQ(bytes.size(), kDevModeSize);
-  std::memcpy(&block, bytes.data(), std::min<std::size_t>(bytes.size(), kDevModeSize));
-  return block;
-}
-
 TEST(InspectDevMode, PrintsOffsetNameValueIdAndNote) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   CDevMode block = DefaultedBlock();
   block.SetDWord(devmode::kTiffDpi, 1201);
   block.SetText(devmode::kComment, "one\r\ntwo\tthree");
   std::memset(&block.Bytes()[devmode::kFavoriteName], 'x', 28);
   block.SetText(devmode::kJobName, "\x95\x5c\x8e\x86");  // double-byte, a backslash as trail byte
-  const Outcome outcome = RunInspector({"devmode", folder.Write("block", BytesOf(block))});
-  EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_EQ(outcome.error, "");
-  const std::vector<std::string> lines = Lines(outcome.output);
+  const auto lines = Lines(Inspect({"devmode", folder.Write("block", BytesOf(block))}));
   EXPECT_EQ(lines.size(), DevModeFields().size());
   EXPECT_THAT(lines, Contains("0\tsize of the block\t9328\t-"));
   EXPECT_THAT(lines, Contains("24\timage output resolution, dpi\t1201\t4302\toutside 1..1200"));
@@ -50,10 +37,10 @@ TEST(InspectDevMode, PrintsOffsetNameValueIdAndNote) {
 }
 
 TEST(InspectDevMode, NotesExactlyTheDefaultsThatMergingChanges) {
-  const TemporaryFolder folder;
-  ASSERT_EQ(RunInspector({"devmode", "--default", folder.Path("block")}).exitCode, 0);
+  const TempFolder folder;
+  EXPECT_EQ(Inspect({"devmode", "--default", folder.Path("block")}), "");
   std::vector<std::string> noted;
-  for (const std::string& line : Lines(RunInspector({"devmode", folder.Path("block")}).output)) {
+  for (const std::string& line : Lines(Inspect({"devmode", folder.Path("block")}))) {
     if (line.find("outside") != std::string::npos) {
       noted.push_back(line.substr(0, line.find('\t')));
     }
@@ -62,85 +49,42 @@ TEST(InspectDevMode, NotesExactlyTheDefaultsThatMergingChanges) {
 }
 
 TEST(InspectDevMode, HostileBlockKeepsOneLinePerField) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   for (const char byte : {'\n', '\xFF', 'x', '\0'}) {
     const std::string path = folder.Write("block", std::string(kDevModeSize, byte));
-    const Outcome outcome = RunInspector({"devmode", path});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(Lines(outcome.output).size(), DevModeFields().size());
-    EXPECT_THAT(outcome.output, HasSubstr("expected 9328"));
+    const std::string output = Inspect({"devmode", path});
+    EXPECT_EQ(Lines(output).size(), DevModeFields().size());
+    EXPECT_THAT(output, HasSubstr("expected 9328"));
   }
 }
 
 TEST(InspectDevMode, ConvertAndMergeWriteTheDestination) {
-  const TemporaryFolder folder;
-  CDevMode source = DefaultedBlock();
-  source.SetDWord(devmode::kTiffDpi, 0);
-  source.SetText(devmode::kJobName, "from the source");
-  folder.Write("source", BytesOf(source));
-  folder.Write("destination", BytesOf(DefaultedBlock()));
-  struct Row {
+  const TempFolder folder;
+  const struct {
     const char* operation;
+    std::uint32_t version;
     std::uint32_t resolution;
-  };
-  for (const Row& row : {Row{"--convert", 0}, Row{"--merge", 600}}) {
-    SCOPED_TRACE(row.operation);
-    const Outcome outcome = RunInspector({"devmode", row.operation, folder.Path("source"),
-                                          folder.Path("destination"), folder.Path("result")});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output + outcome.error, "");
-    const CDevMode result = BlockIn(folder, "result");
-    EXPECT_EQ(result.GetTiffDPI(), row.resolution);
-    EXPECT_EQ(result.GetText(devmode::kJobName), "from the source");
+    const char* jobName;
+  } rows[] = {{"--convert", kDevModeVersion, 0, "from the source"},
+              {"--merge", kDevModeVersion, 600, "from the source"},
+              {"--convert", 1, 600, ""}};  // another version's block is not read
+  for (const auto& [operation, version, resolution, jobName] : rows) {
+    SCOPED_TRACE(operation + std::to_string(version));
+    CDevMode source = DefaultedBlock();
+    source.SetDWord(devmode::kVersion, version);
+    source.SetDWord(devmode::kTiffDpi, 0);
+    source.SetText(devmode::kJobName, "from the source");
+    EXPECT_EQ(
+        Inspect({"devmode", operation, folder.Write("source", BytesOf(source)),
+                 folder.Write("destination", BytesOf(DefaultedBlock())), folder.Path("result")}),
+        "");
+    CDevMode result{};
+    const std::string bytes = folder.Read("result");
+    ASSERT_EQ(bytes.size(), kDevModeSize);
+    std::memcpy(&result, bytes.data(), kDevModeSize);
+    EXPECT_EQ(result.GetTiffDPI(), resolution);
+    EXPECT_EQ(result.GetText(devmode::kJobName), jobName);
   }
-}
-
-TEST(InspectDevMode, OtherVersionConvertsNothing) {
-  const TemporaryFolder folder;
-  CDevMode source = DefaultedBlock();
-  source.SetDWord(devmode::kVersion, 1);
-  source.SetDWord(devmode::kTiffDpi, 300);
-  const std::string destination = BytesOf(DefaultedBlock());
-  EXPECT_EQ(RunInspector({"devmode", "--convert", folder.Write("source", BytesOf(source)),
-                          folder.Write("destination", destination), folder.Path("result")})
-                .exitCode,
-            0);
-  EXPECT_EQ(folder.Read("result"), destination);
-}
-
-TEST(InspectDevMode, RefusesWhatItCannotRead) {
-  const TemporaryFolder folder;
-  const std::string good = folder.Write("good", BytesOf(DefaultedBlock()));
-  const std::string shorter = folder.Write("short", std::string(kDevModeSize - 1, 'x'));
-  const std::string longer = folder.Write("long", std::string(kDevModeSize + 1, 'x'));
-  const std::string missing = folder.Path("missing");
-  const std::string result = folder.Path("result");
-  const std::vector<std::vector<std::string>> rows = {
-      {"devmode"},
-      {"devmode", "--default"},
-      {"devmode", "--unknown", result},
-      {"devmode", good, good},
-      {"devmode", missing},
-      {"devmode", shorter},
-      {"devmode", longer},
-      {"devmode", "--convert", good, result},
-      {"devmode", "--convert", shorter, good, result},
-      {"devmode", "--convert", good, longer, result},
-      {"devmode", "--merge", good, missing, result},
-  };
-  for (const std::vector<std::string>& words : rows) {
-    const Outcome outcome = RunInspector(words);
-    EXPECT_EQ(outcome.exitCode, 2) << testing::PrintToString(words);
-    EXPECT_TRUE(outcome.IsOneLineError()) << outcome.error;
-  }
-  EXPECT_FALSE(folder.Has("result"));
-}
-
-TEST(InspectDevMode, UnwritableResultIsAFailure) {
-  const TemporaryFolder folder;
-  const Outcome outcome = RunInspector({"devmode", "--default", folder.Path("no/such/folder")});
-  EXPECT_EQ(outcome.exitCode, 1);
-  EXPECT_TRUE(outcome.IsOneLineError()) << outcome.error;
 }
 
 }  // namespace

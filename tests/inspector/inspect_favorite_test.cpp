@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "tests/inspector/inspector.h"
 
 namespace zn::test {
@@ -15,18 +13,16 @@ constexpr std::string_view kFile =
     "OUT_PPSWM=12.34\t\tCBS_PG=5\t\t\nPageSize=A3 wide\n";
 
 TEST(InspectFavorite, PrintsTheEntryThenBothTables) {
-  const TemporaryFolder folder;
-  const Outcome outcome = RunInspector({"favorite", folder.Write("x.pfj", kFile)});
-  EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_EQ(outcome.error, "");
-  EXPECT_THAT(outcome.output,
+  const TempFolder folder;
+  const std::string output = Inspect({"favorite", folder.Write("x.pfj", kFile)});
+  EXPECT_THAT(output,
               StartsWith("number1=12\nnumber2=-7\nnumber3=5\ncomment=spring fair\n"
                          "page_size=A3 wide\nEXT_PGSIZE=5\nEXT_ORIENTATION=0\nEXT_NUP=4\n"));
   // The paper size is PG_PPSIZE in this list, whatever the file's item of that name says.
-  EXPECT_THAT(outcome.output, HasSubstr("\nEXT_PAGEORDER=0\nPG_NUMBR=0\nPG_RANGE=-1\nPG_RTEXT=\n"
-                                        "PG_PPSIZE=5\nPG_PPSIZEX=0.0\nPG_PPSIZEY=0.0\nPG_PSIZE=7\n"
-                                        "PG_CSIZX=0.0\n"));
-  const std::vector<std::string> lines = Lines(outcome.output);
+  EXPECT_THAT(output, HasSubstr("\nEXT_PAGEORDER=0\nPG_NUMBR=0\nPG_RANGE=-1\nPG_RTEXT=\n"
+                                "PG_PPSIZE=5\nPG_PPSIZEX=0.0\nPG_PPSIZEY=0.0\nPG_PSIZE=7\n"
+                                "PG_CSIZX=0.0\n"));
+  const std::vector<std::string> lines = Lines(output);
   EXPECT_EQ(lines.size(), 5 + 13 + 534U);
   for (const char* line : {"PG_PTYPE=0", "MEMO_CMT=a b", "OUT_PPSWM=12.3", "OUT_PPSW=21474836.48",
                            "CBS_PRT=-1", "CBS_PG=5"}) {
@@ -35,13 +31,11 @@ TEST(InspectFavorite, PrintsTheEntryThenBothTables) {
 }
 
 TEST(InspectFavorite, SavesOverAFileAndKeepsItsUnknownItems) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   const std::string from = folder.Write("from.pfj", kFile);
   const std::string over = folder.Write("over.pfj", "1\n2\nOLD=1\t\tEXT_NUP=9\t\t\n");
   for (int round = 0; round < 2; ++round) {
-    const Outcome outcome = RunInspector({"favorite", from, "--save", over});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output + outcome.error, "");
+    EXPECT_EQ(Inspect({"favorite", from, "--save", over}), "");
     EXPECT_THAT(
         folder.Read("over.pfj"),
         StartsWith("12\n-7\n5\nComment=spring fair\nOLD=1\t\tEXT_NUP=4\t\tEXT_PGSIZE=5\t\t"));
@@ -49,36 +43,9 @@ TEST(InspectFavorite, SavesOverAFileAndKeepsItsUnknownItems) {
 }
 
 TEST(InspectFavorite, FreshRecordIsThatOfAFileWithoutItems) {
-  const TemporaryFolder folder;
-  const Outcome record = RunInspector({"record", "--default"});
-  EXPECT_EQ(record.exitCode, 0);
-  EXPECT_EQ(record.output, RunInspector({"favorite", folder.Write("x.pfj", "0\n0\n")}).output);
-}
-
-TEST(InspectFavorite, SaysWhatFailed) {
-  const TemporaryFolder folder;
-  const std::string good = folder.Write("good.pfj", kFile);
-  const std::string bad = folder.Write("bad.pfj", "12\n");
-  struct Row {
-    std::vector<std::string> words;
-    int exitCode;
-  };
-  const Row rows[] = {
-      {{"favorite", bad}, 1},
-      {{"favorite", folder.Path("none.pfj")}, 1},
-      {{"favorite", bad, "--save", folder.Path("out.pfj")}, 1},
-      {{"favorite", good, "--save", folder.Path("none/out.pfj")}, 1},
-      {{"favorite"}, 2},
-      {{"favorite", good, "--save"}, 2},
-      {{"favorite", good, "--store", folder.Path("out.pfj")}, 2},
-      {{"record"}, 2},
-      {{"record", "--fresh"}, 2},
-  };
-  for (const Row& row : rows) {
-    const Outcome outcome = RunInspector(row.words);
-    EXPECT_EQ(outcome.exitCode, row.exitCode);
-    EXPECT_TRUE(outcome.IsOneLineError()) << outcome.error;
-  }
+  const TempFolder folder;
+  EXPECT_EQ(Inspect({"record", "--default"}),
+            Inspect({"favorite", folder.Write("x.pfj", "0\n0\n")}));
 }
 
 }  // namespace

@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <map>
 
 #include "tests/inspector/inspector.h"
@@ -25,7 +22,7 @@ std::vector<std::string> Answer(const char* tray, const char* output, const char
 }
 
 TEST(InspectProfile, PrintsTheAnswersOfTheFile) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   const std::string file = folder.Write("device.cps",
                                         "HasOption_InputSlot=Manual\r\n"
                                         "HasOption_InputSlot=Tray2\r\n"
@@ -33,29 +30,15 @@ TEST(InspectProfile, PrintsTheAnswersOfTheFile) {
                                         "HasOption_ZNPunch=true\r\n"
                                         "CustomPaperName20=\x95\x5C a=b\r\n"
                                         "Watermark100= last\r\n");
-  const Outcome outcome = RunInspector({"profile", file});
-  EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_THAT(Lines(outcome.output),
+  EXPECT_THAT(Lines(Inspect({"profile", file})),
               ElementsAreArray(Answer("tray=1 0 1 0 0 0 1", "output=1 0 0 1 1 0", "punch=1 1 1",
                                       {{"paper20", "\x95\x5C a=b"}, {"watermark100", " last"}})));
-  EXPECT_EQ(outcome.error, "");
 }
 
 TEST(InspectProfile, MissingFilesCountAsEverythingInstalled) {
-  const TemporaryFolder folder;
-  const Outcome outcome = RunInspector({"profile", folder.Path("none.cps")});
-  EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_THAT(Lines(outcome.output),
+  const TempFolder folder;
+  EXPECT_THAT(Lines(Inspect({"profile", folder.Path("none.cps")})),
               ElementsAreArray(Answer("tray=1 1 1 1 1 1 1", "output=1 1 1 1 1 0", "punch=1 1 1")));
-}
-
-TEST(InspectProfile, TakesOneFile) {
-  for (const std::vector<std::string>& words :
-       {std::vector<std::string>{"profile"}, {"profile", "a", "b"}}) {
-    const Outcome outcome = RunInspector(words);
-    EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_TRUE(outcome.IsOneLineError());
-  }
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 // Runs the real zninspect, which stands beside the test program, and looks at what it says.
 #pragma once
 
-#include <filesystem>
+#include <gmock/gmock.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tests/support/temp_folder.h"
 
 namespace zn::test {
 
@@ -17,28 +20,13 @@ struct Outcome {
   [[nodiscard]] bool IsOneLineError() const;
 };
 
+// The words must not hold quotes or end in a backslash.
 [[nodiscard]] Outcome RunInspector(const std::vector<std::string>& words);
+
+// The same for what must succeed: its output.
+[[nodiscard]] std::string Inspect(const std::vector<std::string>& words);
 
 // The lines of a text, without their ends.
 [[nodiscard]] std::vector<std::string> Lines(std::string_view text);
-
-// A folder for one test, gone with the object.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] std::string Path(std::string_view name) const;
-  // Answers the path.
-  std::string Write(std::string_view name, std::string_view bytes) const;
-  // Empty when the file is not there.
-  [[nodiscard]] std::string Read(std::string_view name) const;
-  [[nodiscard]] bool Has(std::string_view name) const;
-
- private:
-  std::filesystem::path folder_;
-};
 
 }  // namespace zn::test
