@@ -4,11 +4,11 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "ddb/extended_option.h"
 #include "ddb/tag_text.h"
-#include "tests/ddb/body_bytes.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ void CheckTag(const std::string& tag, std::string value, bool translate) {
 
   const ddb::CPrintOption before = record;
   ddb::ExchangeTag(tag.c_str(), text.data(), record, true, translate);
-  Require(ddb::BytesOf(record.m_Body) == ddb::BytesOf(before.m_Body));
+  Require(std::memcmp(&record.m_Body, &before.m_Body, sizeof record.m_Body) == 0);
   const ddb::Tag* row = ddb::FindTag(tag.c_str());
   for (const ddb::Tag& other : ddb::kTags) {
     const bool number = other.kind != ddb::kText && other.kind != ddb::kIgnored;

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "ddb/tag_text.h"
-#include "tests/ddb/body_bytes.h"
 
 namespace ddb {
 namespace {
@@ -26,8 +25,7 @@ std::string Written(CPrintOption& record, const char* tag) {
 
 TEST(PrintOption, StartsWithTheDefaultsOfItsFamilies) {
   struct Row {
-    const char* tag;
-    const char* value;
+    const char *tag, *value;
   };
   // clang-format off
   const Row rows[] = {
@@ -113,7 +111,7 @@ TEST(PrintOption, ImageHoldsExtensionThenBodyAndNothingElse) {
 
   CPrintOptionEx to(false);
   to.LoadFrom(image.data(), size);
-  EXPECT_TRUE(BytesOf(to.m_Body) == BytesOf(from.m_Body));
+  EXPECT_EQ(std::memcmp(&to.m_Body, &from.m_Body, sizeof to.m_Body), 0);
   EXPECT_EQ(std::memcmp(&to.m_Extension, &from.m_Extension, sizeof to.m_Extension), 0);
   EXPECT_EQ(to.m_Extended[EXT_NUP], 0);
   EXPECT_FALSE(to.m_JapaneseCodePage);

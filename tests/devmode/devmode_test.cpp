@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/devmode/reference_merge.h"
+
 namespace zn::test {
 namespace {
 
@@ -19,12 +21,6 @@ CDevMode FilledWith(std::byte byte) {
   return block;
 }
 
-CDevMode Defaulted() {
-  CDevMode block{};
-  block.SetDefaults();
-  return block;
-}
-
 // A current header before bytes that are nobody's default.
 CDevMode OddBlock() {
   CDevMode block = FilledWith(kOdd);
@@ -33,7 +29,18 @@ CDevMode OddBlock() {
   return block;
 }
 
-TEST(DevModeDefaults, AreWrittenOverWhateverWasThere) {
+// Where two blocks have the same byte, or not.
+std::vector<std::size_t> Offsets(const CDevMode& left, const CDevMode& right, bool same) {
+  std::vector<std::size_t> found;
+  for (std::size_t at = 0; at < kDevModeSize; ++at) {
+    if ((left.Bytes()[at] == right.Bytes()[at]) == same) {
+      found.push_back(at);
+    }
+  }
+  return found;
+}
+
+TEST(DevModeDefaults, AreWrittenOverAllButTheGaps) {
   CDevMode block = FilledWith(kOdd);
   block.SetDefaults();
   EXPECT_TRUE(block.IsCurrent());
@@ -50,34 +57,19 @@ TEST(DevModeDefaults, AreWrittenOverWhateverWasThere) {
     EXPECT_EQ(block.GetDWord(row.offset), row.value) << row.offset;
   }
   EXPECT_EQ(block.GetText(devmode::kComment), "");
-}
-
-TEST(DevModeDefaults, LeaveTheGapAsTheBufferHeldIt) {
-  CDevMode block = FilledWith(kOdd);
-  block.SetDefaults();
-  std::vector<std::size_t> kept;
-  for (std::size_t at = 0; at < kDevModeSize; ++at) {
-    if (block.Bytes()[at] == kOdd) {
-      kept.push_back(at);
-    }
-  }
-  EXPECT_EQ(kept, (std::vector<std::size_t>{9101, 9102, 9103, 9308, 9309, 9310, 9311}));
+  EXPECT_EQ(Offsets(block, FilledWith(kOdd), true),
+            (std::vector<std::size_t>{9101, 9102, 9103, 9308, 9309, 9310, 9311}));
 }
 
 TEST(DevModeCopy, TakesEverythingButTheAuthenticationState) {
   const CDevMode source = OddBlock();
   CDevMode destination = Defaulted();
   destination.CopyFrom(source);
-  std::vector<std::size_t> own;  // bytes that are not the source's
-  for (std::size_t at = 0; at < kDevModeSize; ++at) {
-    if (destination.Bytes()[at] != source.Bytes()[at]) {
-      own.push_back(at);
-    }
-  }
-  EXPECT_EQ(own, (std::vector<std::size_t>{71,   103,  359,  619,  684,  943,  1019, 1091,
-                                           1163, 1235, 1307, 1991, 2153, 2959, 9101, 9102,
-                                           9103, 9112, 9113, 9114, 9115, 9148, 9173, 9206,
-                                           9208, 9209, 9210, 9211, 9212, 9213, 9214, 9215}))
+  EXPECT_EQ(
+      Offsets(destination, source, false),
+      (std::vector<std::size_t>{71,   103,  359,  619,  684,  943,  1019, 1091, 1163, 1235, 1307,
+                                1991, 2153, 2959, 9101, 9102, 9103, 9112, 9113, 9114, 9115, 9148,
+                                9173, 9206, 9208, 9209, 9210, 9211, 9212, 9213, 9214, 9215}))
       << "ends of clipped texts, reserved bytes, authentication state";
 }
 
@@ -100,18 +92,13 @@ TEST(DevModeCopy, NothingFromABlockThatSaysItIsShorter) {
   EXPECT_EQ(destination.GetTiffDPI(), 600U);
 }
 
-TEST(DevModeText, IsBoundedByItsField) {
+TEST(DevModeText, IsBoundedByItsFieldAndLeavesNothingOfAnEarlierOne) {
   CDevMode block = FilledWith(kOdd);
   EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), std::string(25, '\xAB'));
   block.SetText(devmode::kJobOwnerPassword, std::string(300, 'p'));
   EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), std::string(24, 'p'));
   EXPECT_EQ(block.Bytes()[devmode::kJobOwnerPassword - 1], kOdd);
   EXPECT_EQ(block.Bytes()[devmode::kAccountId], kOdd);
-}
-
-TEST(DevModeText, NothingOfAnEarlierTextStays) {
-  CDevMode block = Defaulted();
-  block.SetText(devmode::kJobOwnerPassword, "secret");
   block.SetText(devmode::kJobOwnerPassword, std::string_view("p\0cret", 6));
   EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), "p");
   EXPECT_EQ(std::memcmp(&block.Bytes()[devmode::kJobOwnerPassword], "p\0\0\0\0\0\0", 7), 0);
@@ -164,16 +151,6 @@ TEST(DevModeAuthentication, FieldsByMethodAndSource) {
     EXPECT_EQ(block.GetText(devmode::kAccountId), row.account);
     EXPECT_EQ(block.GetDWord(devmode::kOverWriteFlag), 0xABABABABU);
   }
-}
-
-TEST(DevModeAuthentication, CutsEveryTextToItsField) {
-  CDevMode block = Defaulted();
-  const std::string tooLong(1000, 'x');
-  block.SetAuthenticationData(1, "EnterName", tooLong, tooLong, tooLong, tooLong);
-  EXPECT_EQ(block.GetText(devmode::kJobOwnerName).size(), 32U);
-  EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword).size(), 24U);
-  EXPECT_EQ(block.GetText(devmode::kAccountId).size(), 33U);
-  EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), 1U);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// What a merged block must look like, said as plainly as possible; the merge itself is tuned.
+// A block of defaults, and what a merged block must look like, said as plainly as possible; the
+// merge itself is tuned.
 #pragma once
 
 #include <string>
@@ -7,6 +8,12 @@
 #include "oemps/devmode.h"
 
 namespace zn::test {
+
+inline CDevMode Defaulted() {
+  CDevMode block{};
+  block.SetDefaults();
+  return block;
+}
 
 inline std::string WithoutControls(std::string_view text, bool keepLineEnds) {
   std::string cleaned;
@@ -41,14 +48,14 @@ inline bool IsGood(const CDevMode& block, const DevModeField& field) {
   return false;
 }
 
-// The first bad field; null when all are good.
-inline const DevModeField* FirstBadField(const CDevMode& block) {
+// The offset of the first bad field; -1 when all are good.
+inline int FirstBadField(const CDevMode& block) {
   for (const DevModeField& field : DevModeFields()) {
     if (!IsGood(block, field)) {
-      return &field;
+      return field.offset;
     }
   }
-  return nullptr;
+  return -1;
 }
 
 // A block with guard bytes around it.
