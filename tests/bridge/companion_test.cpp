@@ -5,9 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
 
 #include "ddb/print_option.h"
-#include "iat_patch.h"
+#include "fake_driver_path.h"
 #include "platform/resources.h"
 #include "test_companion.h"
 #include "test_queue.h"
@@ -16,30 +17,8 @@ namespace zn::test {
 namespace {
 
 using companion_abi::StringRecord;
-using testing::Test;
 
-std::string g_driverPath;  // what the spooler says; empty: it knows no driver
-
-BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD need) {
-  *need = static_cast<DWORD>(sizeof(DRIVER_INFO_2A) + g_driverPath.size() + 1);
-  if (g_driverPath.empty() || size < *need) {
-    return FALSE;
-  }
-  DRIVER_INFO_2A info{};
-  info.pDriverPath = reinterpret_cast<char*>(memory + sizeof info);
-  std::memcpy(memory, &info, sizeof info);
-  std::memcpy(info.pDriverPath, g_driverPath.c_str(), g_driverPath.size() + 1);
-  return TRUE;
-}
-
-std::string BesideProgram(const char* file) {
-  char path[MAX_PATH] = "";
-  ::GetModuleFileNameA(nullptr, path, sizeof path);
-  std::string text(path);
-  return text.substr(0, text.rfind('\\') + 1) + file;
-}
-
-class CompanionTest : public Test {
+class CompanionTest : public testing::Test {
  protected:
   // The texts of the string table are those of the product.
   static void SetUpTestSuite() {
@@ -48,8 +27,7 @@ class CompanionTest : public Test {
   }
   static void TearDownTestSuite() { ::FreeLibrary(plugIn_); }
 
-  CompanionTest()
-      : getPrinterDriver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver) {
+  CompanionTest() {
     char temp[MAX_PATH] = "";
     ::GetTempPathA(sizeof temp, temp);
     // The first character's second byte is a backslash.
@@ -57,7 +35,7 @@ class CompanionTest : public Test {
     ::CreateDirectoryA(folder_.c_str(), nullptr);
     folder_ += '\\';
     module_ = folder_ + "Zn55psu1UI.dll";
-    g_driverPath = folder_ + "driver.drv";
+    FakeDriverPath::path = folder_ + "driver.drv";
     SetModuleInstance(plugIn_);
   }
 
@@ -78,14 +56,12 @@ class CompanionTest : public Test {
     return *control();
   }
 
-  static HMODULE plugIn_;
-  ImportPatch getPrinterDriver_;
+  static inline HMODULE plugIn_ = nullptr;
+  FakeDriverPath driverPath_;
   std::string folder_;
   std::string module_;
   UniqueModule held_;
 };
-
-HMODULE CompanionTest::plugIn_ = nullptr;
 
 TEST_F(CompanionTest, TextsAreAskedForOneByOneInTheirSize) {
   CompanionControl& control = Install();
@@ -111,23 +87,17 @@ TEST_F(CompanionTest, TextsAreAskedForOneByOneInTheirSize) {
   EXPECT_EQ(companion.GetKeywordOptionCount(63), 2u);
   control.options = 0x7FFFFFFF;
   EXPECT_EQ(companion.GetKeywordOptionCount(63), 1000u) << "a module that answers for ever";
-  control.result = 0;
-  EXPECT_EQ(companion.GetKeywordTranslation(355), "") << "whatever the buffer holds";
-}
 
-TEST_F(CompanionTest, TextsWithoutTerminatorAreCut) {
-  CompanionControl& control = Install();
-  const CompanionModule companion(nullptr);
-  control.text = std::string(300, 'a');
-  control.options = 1;
+  control.text = std::string(300, 'a');  // no terminator
   EXPECT_EQ(companion.GetKeywordTranslation(1), std::string(63, 'a'));
   EXPECT_EQ(companion.GetKeywordOptionString(1, 1)[0], std::string(255, 'a'));
-  control.text.clear();
-  for (int character = 0; character < 32; ++character) {
-    control.text += "\x95\x5C";
+  for (std::size_t at = 0; at < 64; at += 2) {
+    control.text.replace(at, 2, "\x95\x5C");
   }
   EXPECT_EQ(companion.GetKeywordTranslation(1), control.text.substr(0, 62))
       << "not within a double-byte character";
+  control.result = 0;
+  EXPECT_EQ(companion.GetKeywordTranslation(355), "") << "whatever the buffer holds";
 }
 
 TEST_F(CompanionTest, OptionSettingDialog) {
@@ -191,18 +161,15 @@ TEST_F(CompanionTest, FavoriteSummaryDialog) {
   }
 }
 
-StringRecord LongText(const char* text, std::uint64_t size, std::uint64_t capacity) {
+StringRecord Record(const char* text, std::uint64_t size, std::uint64_t capacity = 15) {
   StringRecord record;
-  record.text = text;
   record.size = size;
-  record.capacity = capacity;
-  return record;
-}
-
-StringRecord ShortText(const char* text, std::uint64_t size) {
-  StringRecord record;
-  std::memcpy(record.inlineText, text, std::min<std::size_t>(std::strlen(text), 16));
-  record.size = size;
+  if (capacity > 15) {
+    record.text = text;
+    record.capacity = capacity;
+  } else {
+    std::memcpy(record.inlineText, text, std::min<std::size_t>(std::strlen(text), 16));
+  }
   return record;
 }
 
@@ -215,14 +182,14 @@ TEST_F(CompanionTest, ListOfPrintOptions) {
     std::string text;
   };
   const Row rows[] = {
-      {ShortText("", 0), ""},
-      {ShortText("fifteen letters", 15), "fifteen letters"},
-      {ShortText("sixteen letters!", 16), "sixteen letters"},  // longer than its place
-      {ShortText("abc", UINT64_MAX), "abc"},
-      {LongText("sixteen letters!", 16, 31), "sixteen letters!"},
-      {LongText(longText.c_str(), 400, 400), longText.substr(0, 259)},
-      {LongText("text", 100, 31), "text"},
-      {LongText(nullptr, 20, 31), ""},
+      {Record("", 0), ""},
+      {Record("fifteen letters", 15), "fifteen letters"},
+      {Record("sixteen letters!", 16), "sixteen letters"},  // longer than its place
+      {Record("abc", UINT64_MAX), "abc"},
+      {Record("sixteen letters!", 16, 31), "sixteen letters!"},
+      {Record(longText.c_str(), 400, 400), longText.substr(0, 259)},
+      {Record("text", 100, 31), "text"},
+      {Record(nullptr, 20, 31), ""},
   };
   std::vector<std::string> expected;
   for (const Row& row : rows) {
@@ -260,26 +227,18 @@ void ExpectNoOp(const CompanionModule& companion) {
   EXPECT_FALSE(DoModalFavoriteSummaryUI(nullptr, dialog));
 }
 
-TEST_F(CompanionTest, MissingExports) {
-  Install("bare_companion.dll");
-  const CompanionModule companion(nullptr);
-  EXPECT_TRUE(companion);
-  ExpectNoOp(companion);
-}
-
-TEST_F(CompanionTest, ModuleThatCannotBeLoaded) {
+TEST_F(CompanionTest, MissingModuleOrExports) {
   std::string folder = "before";
   const CompanionModule missing(nullptr, &folder);
   EXPECT_FALSE(missing);
   EXPECT_EQ(folder, folder_) << "the folder is known all the same";
   ExpectNoOp(missing);
-
-  const HANDLE file = ::CreateFileA(module_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-  DWORD written = 0;
-  ::WriteFile(file, "no module", 9, &written, nullptr);
-  ::CloseHandle(file);
+  std::ofstream(module_) << "no module";
   ExpectNoOp(CompanionModule(nullptr));
+  Install("bare_companion.dll");
+  const CompanionModule companion(nullptr);
+  EXPECT_TRUE(companion);
+  ExpectNoOp(companion);
 }
 
 TEST_F(CompanionTest, DriverPaths) {
@@ -295,29 +254,12 @@ TEST_F(CompanionTest, DriverPaths) {
                       {"C:\\" + std::string(400, 'd') + "\\driver.drv", "before"},
                       {"", "before"}};
   for (const Row& row : rows) {
-    g_driverPath = row.path;
+    FakeDriverPath::path = row.path;
     std::string folder = "before";
     const CompanionModule companion(nullptr, &folder);
     EXPECT_EQ(folder, row.folder) << row.path;
     EXPECT_TRUE(row.path == "driver.drv" || !companion) << row.path;
   }
-}
-
-int g_loads = 0;
-HMODULE WINAPI CountLoad(LPCSTR) {
-  ++g_loads;
-  return nullptr;
-}
-
-TEST_F(CompanionTest, NoModuleNameLoadsNothing) {
-  const ImportPatch load(::GetModuleHandleA(nullptr), "LoadLibraryA", &CountLoad);
-  EXPECT_FALSE(CompanionModule(nullptr));
-  EXPECT_EQ(g_loads, 1);
-  SetModuleInstance(::GetModuleHandleA(nullptr));  // has no string table
-  std::string folder;
-  EXPECT_FALSE(CompanionModule(nullptr, &folder));
-  EXPECT_EQ(g_loads, 1);
-  EXPECT_EQ(folder, folder_);
 }
 
 TEST(CompanionFolderTest, IsThatOfTheQueuesDriver) {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "fake_driver_path.h"
 #include "favorites/favorite_folders.h"
 #include "favorites/print_option_setting.h"
-#include "iat_patch.h"
 #include "platform/resources.h"
 #include "tests/session/sheet_fixture.h"
 #include "tests/support/temp_folder.h"
@@ -20,39 +20,18 @@ namespace {
 
 using Choice = SheetFavorites::Choice;
 
-std::string g_documents;   // where the shared documents lie
-std::string g_driverPath;  // empty: the spooler does not know the driver
+std::string g_documents;  // where the shared documents lie
 
 BOOL WINAPI FakeSpecialFolder(HWND, LPSTR path, int, BOOL) {
   std::strcpy(path, g_documents.c_str());
   return !g_documents.empty();
 }
 
-BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD need) {
-  *need = static_cast<DWORD>(sizeof(DRIVER_INFO_2A) + g_driverPath.size() + 1);
-  if (g_driverPath.empty() || size < *need) {
-    return FALSE;
-  }
-  auto* const info = reinterpret_cast<DRIVER_INFO_2A*>(memory);
-  *info = DRIVER_INFO_2A{};
-  info->pDriverPath = reinterpret_cast<char*>(info + 1);
-  std::strcpy(info->pDriverPath, g_driverPath.c_str());
-  return TRUE;
-}
-
-std::string FolderOfProgram() {
-  char path[MAX_PATH] = "";
-  ::GetModuleFileNameA(nullptr, path, sizeof path);
-  return std::string(path, std::strrchr(path, '\\') + 1);
-}
-
 class SheetFavoritesTest : public SheetTest {
  protected:
-  SheetFavoritesTest()
-      : specialFolder_(::GetModuleHandleA(nullptr), "SHGetSpecialFolderPathA", &FakeSpecialFolder),
-        printerDriver_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver) {
+  SheetFavoritesTest() {
     g_documents = temp_.Path();
-    g_driverPath = FolderOfProgram() + "driver.drv";
+    FakeDriverPath::path = BesideProgram("driver.drv");
     SetModuleInstance(::GetModuleHandleA(nullptr));
     sheet_->jobValues.SetDefaults();
     for (const KeywordId id : {KW_COPIES, KW_WMSELECTION, KW_FORMNO}) {
@@ -78,7 +57,9 @@ class SheetFavoritesTest : public SheetTest {
   }
 
   TempFolder temp_;
-  ImportPatch specialFolder_, printerDriver_;
+  ImportPatch specialFolder_{::GetModuleHandleA(nullptr), "SHGetSpecialFolderPathA",
+                             &FakeSpecialFolder};
+  FakeDriverPath driverPath_;
 };
 
 TEST_F(SheetFavoritesTest, SavesSelectsAndDeletesInTheSharedFolder) {
@@ -139,12 +120,10 @@ TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
   OPTTYPE counter{};
   counter.Type = TVOT_UDARROW;
   counter.Count = 2;
-  items_.AddKeyword(KW_STAPLE, 0).pOptType = &list;
-  items_.AddKeyword(KW_USERCURVEIMAGE, 0).pOptType = &list;
-  items_.AddStandard(DMPUB_COPIES_COLLATE, 1).pOptType = &counter;
-  sheet_->items[KW_STAPLE] = &items_.All()[0];
-  sheet_->items[KW_USERCURVEIMAGE] = &items_.All()[1];
-  sheet_->items[KW_COPIES] = &items_.All()[2];
+  for (const KeywordId id : {KW_STAPLE, KW_USERCURVEIMAGE, KW_COPIES}) {
+    sheet_->items[id] = &items_.AddKeyword(id, 0);
+    sheet_->items[id]->pOptType = id == KW_COPIES ? &counter : &list;
+  }
   (*this)[KW_STAPLE] = 9;
   (*this)[KW_USERCURVEIMAGE] = 90;  // the device's list, not the driver's
   (*this)[KW_COPIES] = 12;
@@ -176,7 +155,7 @@ TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
 TEST_F(SheetFavoritesTest, CancelledOrMissingDialogLeavesTheSheet) {
   std::strcpy(sheet_->deviceProfilePath, "Mine");
   EXPECT_FALSE(RunDialog("cancel"));
-  g_driverPath.clear();
+  FakeDriverPath::path.clear();
   EXPECT_FALSE(RunDialog("ok;OUT_STPL=2;profile=Other"));
   EXPECT_EQ((*this)[KW_STAPLE], 0U);
   EXPECT_STREQ(sheet_->deviceProfilePath, "Mine");

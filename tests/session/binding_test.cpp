@@ -9,8 +9,7 @@
 namespace zn::test {
 namespace {
 
-class BindingTest : public SheetTest {
- protected:
+struct BindingTest : SheetTest {
   void Bind() {
     TakeItems();
     BindKeywords(*sheet_);
@@ -74,34 +73,19 @@ TEST_F(BindingTest, StandardItemsByTheirPublicNumber) {
   for (const int skipped : {0, 6, 13, 14, 15, 18, 255}) {
     items_.AddStandard(static_cast<BYTE>(skipped), 77);
   }
+  sheet_->cDrvOptItems = 7;
+  BindKeywords(*sheet_);  // no items
+  EXPECT_EQ(std::ranges::count(sheet_->items, nullptr), KW_MAX);
+  items_.AddKeyword(KW_DUPLEX, 1, 1);
   Bind();
-  // Copies serve collation, too.
+  EXPECT_EQ(sheet_->Default(KW_DUPLEX), 1u) << "only the keyword item tells a default";
+  EXPECT_EQ(sheet_->items[KW_COLLATE], sheet_->items[KW_COPIES]);
   EXPECT_EQ(KW_MAX - std::ranges::count(sheet_->items, nullptr), std::ssize(kRows) + 1);
   for (const Row& row : kRows) {
     ASSERT_NE(sheet_->items[row.id], nullptr) << "number " << int{row.publicId};
     EXPECT_EQ(sheet_->items[row.id]->DMPubID, row.publicId);
     EXPECT_EQ(sheet_->Current(row.id), 20u + row.publicId);
   }
-}
-
-TEST_F(BindingTest, CopiesItemCarriesCollation) {
-  OPTITEM& copies = items_.AddStandard(DMPUB_COPIES_COLLATE, 4, OPTIF_ECB_CHECKED);
-  Bind();
-  EXPECT_EQ(sheet_->items[KW_COPIES], &copies);
-  EXPECT_EQ(sheet_->items[KW_COLLATE], &copies);
-  EXPECT_EQ(sheet_->Current(KW_COLLATE), 1u);
-  copies.Flags = OPTIF_CALLBACK;
-  BindKeywords(*sheet_);
-  EXPECT_EQ(sheet_->Current(KW_COLLATE), 0u);
-}
-
-TEST_F(BindingTest, StandardItemReplacesTheKeywordItem) {
-  OPTITEM& standard = items_.AddStandard(DMPUB_DUPLEX, 2);
-  items_.AddKeyword(KW_DUPLEX, 1, 1);
-  Bind();
-  EXPECT_EQ(sheet_->items[KW_DUPLEX], &standard);
-  EXPECT_EQ(sheet_->Current(KW_DUPLEX), 2u);
-  EXPECT_EQ(sheet_->Default(KW_DUPLEX), 1u) << "only the keyword item tells a default";
 }
 
 // The mark is one byte wide, so that of ids 157 to 173 reads 1 to 17.
@@ -132,13 +116,6 @@ TEST_F(BindingTest, DefaultsAreUsableSettings) {
   EXPECT_EQ(sheet_->Current(KW_PSLANGUAGELEVEL), 3u);
   EXPECT_GT(sheet_->Current(KW_CUSTOMPAPERWIDTH), 0u);
   EXPECT_GT(sheet_->Default(KW_CUSTOMPAPERHEIGHT), 0u);
-}
-
-TEST_F(BindingTest, NoItemsBindNothing) {
-  sheet_->pDrvOptItems = nullptr;
-  sheet_->cDrvOptItems = 7;
-  BindKeywords(*sheet_);
-  EXPECT_EQ(std::ranges::count(sheet_->items, nullptr), KW_MAX);
 }
 
 }  // namespace

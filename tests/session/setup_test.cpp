@@ -89,24 +89,11 @@ class SetupTest : public SheetTest {
     return std::string(sheet_->jobValues.GetText(devmode::kJobOwnerName));
   }
 
-  static std::unique_ptr<TestQueue> queue_;
+  static inline std::unique_ptr<TestQueue> queue_;
   FullDevMode stored_;
 };
 
-std::unique_ptr<TestQueue> SetupTest::queue_;
-
 TEST_F(SetupTest, TakesUserDataFromTheStoredSettings) {
-  queue_->StoreDevMode(stored_.Bytes());
-  SetUpSession();
-  EXPECT_TRUE(sheet_->settingsRead);
-  EXPECT_EQ(Owner(), "stored owner");
-  EXPECT_EQ(sheet_->jobValues.GetText(devmode::kJobOwnerPassword), "secret");
-  EXPECT_EQ(sheet_->jobValues.GetText(devmode::kAccountId), "account");
-  EXPECT_EQ(sheet_->jobValues.GetDWord(devmode::kManagementMethod), 1u);
-  EXPECT_TRUE(sheet_->rawOnly) << "the queue lacks the attribute";
-}
-
-TEST_F(SetupTest, LogonNameIsUsedOnlyForMethodOneAndSourceZero) {
   char logonName[257] = "";
   DWORD size = sizeof logonName;
   ASSERT_TRUE(::GetUserNameA(logonName, &size));
@@ -114,30 +101,33 @@ TEST_F(SetupTest, LogonNameIsUsedOnlyForMethodOneAndSourceZero) {
     std::uint32_t method, source;
     const char* owner;
   };
-  const FakeSpooler fake;
   for (const Row& row :
-       {Row{1, 0, logonName}, Row{1, 1, "stored owner"}, Row{0, 0, "stored owner"}}) {
+       {Row{1, 0, logonName}, Row{0, 0, "stored owner"}, Row{1, 1, "stored owner"}}) {
     stored_.block.SetDWord(devmode::kManagementMethod, row.method);
     stored_.block.SetDWord(devmode::kOwnerNameSource, row.source);
-    g_user = StoredBytes();
+    queue_->StoreDevMode(stored_.Bytes());
     SetUpSession();
     EXPECT_EQ(Owner(), row.owner) << row.method << ", " << row.source;
   }
+  EXPECT_TRUE(sheet_->settingsRead);
+  EXPECT_EQ(sheet_->jobValues.GetText(devmode::kJobOwnerPassword), "secret");
+  EXPECT_EQ(sheet_->jobValues.GetText(devmode::kAccountId), "account");
+  EXPECT_EQ(sheet_->jobValues.GetDWord(devmode::kManagementMethod), 1u);
+  EXPECT_TRUE(sheet_->rawOnly) << "the queue lacks the attribute";
 }
 
-TEST_F(SetupTest, GlobalDefaultServesOnlyWhenTheUserHasNone) {
+TEST_F(SetupTest, StoredSettingsAreFound) {
   const FakeSpooler fake;
   g_global = StoredBytes();
   g_user.reset();
   SetUpSession();
   EXPECT_EQ(Owner(), "");
-  g_user.emplace();
+  g_user.emplace();  // the user has none
   SetUpSession();
   EXPECT_EQ(Owner(), "stored owner");
-}
 
-TEST_F(SetupTest, BlockIsFoundByTheDriversSizeOrTheStoredOne) {
-  const FakeSpooler fake;
+  // By the driver's size or the stored one.
+  g_user = StoredBytes();
   for (const LONG other : {g_driverSize + 1000, g_driverSize - 1000, LONG{1}}) {
     sheet_->jobValues = {};
     g_driverSize = other;
@@ -194,15 +184,6 @@ TEST_F(SetupTest, UnusableStoredSettingsEndTheSetUp) {
   }
 }
 
-TEST_F(SetupTest, PrinterThatCannotBeReadStillBinds) {
-  items_.AddKeyword(KW_STAPLE, 3);
-  sheet_->hPrinter = nullptr;
-  SetUpSession();
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 3u);
-  EXPECT_FALSE(sheet_->rawOnly);
-  EXPECT_FALSE(sheet_->settingsRead);
-}
-
 // Two papers, the first with a name that fills its 64 bytes; the second call may fail.
 int g_namesAnswer = 2;
 int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
@@ -257,10 +238,9 @@ TEST_F(SetupTest, DevicesOwnChoicesComeFromTheSheetsBlock) {
     KeywordId id;
     std::uint32_t selection;
   };
-  constexpr Row kRows[] = {{9228, 14, 70, 14},    {9232, 1, 2, 15},      {9236, 100, 3, 107},
-                           {9244, 500, 35, 500},  {9248, 1, 127, 1},     {9256, 17, 145, 17},
-                           {9288, 25, 135, 25},   {9296, 499, 151, 499}, {9308, 29, 178, 29},
-                           {9312, 101, 186, 101}, {9320, 100, 216, 99},  {9324, 31, 237, 31}};
+  constexpr Row kRows[] = {{9232, 1, 2, 15},    {9236, 100, 3, 107},  {9244, 500, 35, 500},
+                           {9248, 1, 127, 1},   {9256, 17, 145, 17},  {9296, 499, 151, 499},
+                           {9308, 29, 178, 29}, {9320, 100, 216, 99}, {9324, 31, 237, 31}};
   for (const Row& row : kRows) {
     devMode_.block.SetDWord(row.offset, row.stored);
   }
@@ -282,15 +262,9 @@ TEST_F(SetupTest, DevicesOwnChoicesComeFromTheSheetsBlock) {
 
 TEST_F(SetupTest, CoreDriversPartIsRead) {
   queue_->StoreDevMode(stored_.Bytes());
-  devMode_.driver = {.flags = 0x4,
-                     .noBorder = 0,
-                     .psOutputOption = 2,
-                     .trueTypeFontDownload = 3,
-                     .customPaperWidth = 100'000,
-                     .customPaperHeight = 0,
-                     .customPaperDirection = 1,
-                     .psLanguageLevel = 2,
-                     .reserved = 0};
+  devMode_.driver = kUsedDriverPart;
+  devMode_.driver.flags = 0x4;
+  devMode_.driver.customPaperHeight = 0;
   SetUpSession();
   EXPECT_EQ(sheet_->Current(KW_PSSENDERRORHANDLER), 0u);
   EXPECT_EQ(sheet_->Current(KW_MIRRORPRINT), 1u);
@@ -300,7 +274,6 @@ TEST_F(SetupTest, CoreDriversPartIsRead) {
   EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERHEIGHT), sheet_->Default(KW_CUSTOMPAPERHEIGHT));
   EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERDIRECTION), 1u);
   EXPECT_EQ(sheet_->Current(KW_PSLANGUAGELEVEL), 2u);
-
   devMode_.open.dmDriverVersion = 0x0501;
   devMode_.driver.flags = 0x2;
   SetUpSession();
@@ -313,18 +286,15 @@ TEST_F(SetupTest, CoreDriversPartIsRead) {
   EXPECT_EQ(sheet_->Current(KW_PSSENDERRORHANDLER), 0u) << "there is no such part";
 }
 
-TEST_F(SetupTest, BorderRule) {
+TEST_F(SetupTest, BorderNeedsPagesAndNoRefusal) {
   queue_->StoreDevMode(stored_.Bytes());
   OPTITEM& pages = items_.AddStandard(DMPUB_NUP, 0);
-  struct Row {
-    LONG pages;
-    std::uint32_t noBorder, border;
-  };
-  for (const Row& row : {Row{0, 0, 0}, Row{0, 1, 0}, Row{2, 0, 1}, Row{2, 1, 0}}) {
-    pages.Sel = row.pages;
-    devMode_.driver.noBorder = row.noBorder;
+  for (const auto& [count, noBorder, border] :
+       {std::array{0u, 0u, 0u}, {0, 1, 0}, {2, 0, 1}, {2, 1, 0}}) {
+    pages.Sel = static_cast<LONG>(count);
+    devMode_.driver.noBorder = noBorder;
     SetUpSession();
-    EXPECT_EQ(sheet_->Current(KW_NUPBORDER), row.border) << row.pages << ", " << row.noBorder;
+    EXPECT_EQ(sheet_->Current(KW_NUPBORDER), border) << count << ", " << noBorder;
   }
 }
 

@@ -57,7 +57,12 @@ class FakeDriverUI final : public IPrintOemDriverUI {
 // The core driver's option items; references to them stay good.
 class DriverItems {
  public:
-  DriverItems() { items_.reserve(kMaxItems); }
+  DriverItems() {
+    items_.reserve(kMaxItems);
+    twoStates_.cbSize = sizeof twoStates_;
+    twoStates_.Type = TVOT_2STATES;
+    twoStates_.Count = 2;
+  }
 
   // A standard item; without a feature record unless `defaultOption` is given.
   OPTITEM& AddStandard(BYTE publicId, LONG selection, DWORD flags = 0);
@@ -75,15 +80,7 @@ class DriverItems {
   std::vector<OPTITEM> items_;
   std::deque<USERDATA> records_;
   std::deque<std::string> keywords_;
-  OPTTYPE twoStates_{.cbSize = sizeof(OPTTYPE),
-                     .Type = TVOT_2STATES,
-                     .Flags = 0,
-                     .Count = 2,
-                     .BegCtrlID = 0,
-                     .pOptParam = nullptr,
-                     .Style = 0,
-                     .wReserved = {},
-                     .dwReserved = {}};
+  OPTTYPE twoStates_{};
 };
 
 struct FullDevMode {
@@ -98,6 +95,17 @@ struct FullDevMode {
 };
 static_assert(sizeof(FullDevMode) ==
               sizeof(DEVMODEW) + sizeof(DriverPrivateDevMode) + kDevModeSize);
+
+// The core driver's private part with every value set.
+inline constexpr DriverPrivateDevMode kUsedDriverPart = {.flags = 0xF7,
+                                                         .noBorder = 1,
+                                                         .psOutputOption = 2,
+                                                         .trueTypeFontDownload = 3,
+                                                         .customPaperWidth = 100'000,
+                                                         .customPaperHeight = 150'000,
+                                                         .customPaperDirection = 1,
+                                                         .psLanguageLevel = 2,
+                                                         .reserved = 0};
 
 class SheetTest : public testing::Test {
  protected:
