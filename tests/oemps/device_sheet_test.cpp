@@ -112,7 +112,6 @@ TEST_F(DeviceSheet, AddsOnePage) {
   ASSERT_EQ(sheet.calls.size(), 1U);
   EXPECT_EQ(sheet.calls[0].function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
   const PROPSHEETPAGEA& page = sheet.calls[0].page;
-  EXPECT_EQ(page.dwSize, sizeof page);
   EXPECT_EQ(page.dwFlags, 0U);
   EXPECT_EQ(page.hInstance, plugIn_.Module());
   EXPECT_EQ(page.pszTemplate, MAKEINTRESOURCEA(1121));
@@ -153,35 +152,28 @@ TEST_F(DeviceSheet, PermissionFollowsTheFlagsOfEachSheet) {
   EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
 }
 
-TEST_F(DeviceSheet, MissingModuleIsNotHandled) {
-  Record(L"printer");
-  g_world.hasModule = false;
-  EXPECT_EQ(Click(), 0);
-  EXPECT_EQ(g_world.opened, 0);
-}
-
-TEST_F(DeviceSheet, MissingExportFreesTheModule) {
-  Record(L"printer");
-  g_world.hasDialog = false;
-  EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(g_world.opened, 0);
-  EXPECT_FALSE(FreeCompanion());
-}
-
-TEST_F(DeviceSheet, PrinterWithoutFullAccessLeavesTheModuleLoaded) {
-  Record(L"printer");
-  g_world.printerOpens = false;
-  EXPECT_EQ(Click(), 0);
-  EXPECT_EQ(g_world.closed, 0);
-  EXPECT_EQ(g_world.shown, 0);
-  EXPECT_TRUE(FreeCompanion());
-}
-
-TEST_F(DeviceSheet, WithoutARecordedPrinterNothingIsOpened) {
-  Record(nullptr);
-  EXPECT_EQ(Click(), 0);
-  EXPECT_EQ(g_world.opened, 0);
-  EXPECT_TRUE(FreeCompanion());
+TEST_F(DeviceSheet, WhatIsMissingDecidesTheAnswerAndWhetherTheModuleStays) {
+  struct Row {
+    const char* missing;
+    bool hasModule, hasDialog, printerOpens;
+    const wchar_t* printer;
+    INT_PTR answer;
+    bool stays;
+  };
+  for (const Row& row : {Row{"module", false, true, true, L"printer", 0, false},
+                         Row{"export", true, false, true, L"printer", 1, false},
+                         Row{"full access", true, true, false, L"printer", 0, true},
+                         Row{"recorded printer", true, true, true, nullptr, 0, true}}) {
+    SCOPED_TRACE(row.missing);
+    g_world = {};
+    g_world.hasModule = row.hasModule;
+    g_world.hasDialog = row.hasDialog;
+    g_world.printerOpens = row.printerOpens;
+    Record(row.printer);
+    EXPECT_EQ(Click(), row.answer);
+    EXPECT_EQ(g_world.opened + g_world.closed + g_world.shown, 0);
+    EXPECT_EQ(FreeCompanion(), row.stays);
+  }
 }
 
 TEST_F(DeviceSheet, LongPrinterNamesAreCutInTheKeyName) {

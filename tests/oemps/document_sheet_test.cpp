@@ -27,24 +27,14 @@ int WINAPI RecordBox(HWND owner, const char* text, const char* caption, UINT typ
   return IDOK;
 }
 
-// The core driver's helper interface; only its address counts.
-struct Helper final : IPrintOemDriverUI {
+// The core driver's helper; only its address counts.
+struct Helper final : IUnknown {
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
     *out = this;
     return S_OK;
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
-  HRESULT STDMETHODCALLTYPE DrvGetDriverSetting(PVOID, PCSTR, PVOID, DWORD, PDWORD,
-                                                PDWORD) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID, PVOID, DWORD, DWORD) override {
-    return E_NOTIMPL;
-  }
 };
 
 class DocumentSheet : public testing::Test {
@@ -52,6 +42,13 @@ class DocumentSheet : public testing::Test {
   DocumentSheet() { g_boxes.clear(); }
 
   FakeSheet NewSheet() { return {*object_, &IPrintOemUI::DocumentPropertySheets}; }
+  // Opens a sheet and tells how many calls it made: 5 for its pages, 0 when it refused.
+  static std::size_t Open(FakeSheet& sheet) {
+    EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+    EXPECT_EQ(sheet.info.Result, sheet.calls.empty() ? 0U : 105U);  // the handle of page 4
+    return sheet.calls.size();
+  }
+  static void Close(FakeSheet& sheet) { sheet.Send(PROPSHEETUI_REASON_DESTROY, 1); }
   static SheetContext* ContextOf(const FakeSheet& sheet) {
     return reinterpret_cast<SheetContext*>(sheet.calls.at(0).page.lParam);
   }
@@ -61,22 +58,19 @@ class DocumentSheet : public testing::Test {
   ComPtr<IPrintOemUI> object_ = plugIn_.Object();
 };
 
-TEST_F(DocumentSheet, PreparationHidesEveryItemOfTheDriver) {
-  DocumentJob job(*object_);
-  ASSERT_EQ(job.Prepare(), S_OK);
-  EXPECT_EQ(job.param.cOEMOptItems, 0U);
-  for (const OPTITEM& item : job.items) {
-    EXPECT_EQ(item.Flags & (OPTIF_HIDE | OPTIF_CALLBACK), DWORD{OPTIF_HIDE | OPTIF_CALLBACK});
-  }
-}
-
-TEST_F(DocumentSheet, SizingCallReportsNoItemsAndPreparesNothing) {
+TEST_F(DocumentSheet, PreparationHidesEveryItemOfTheDriverTheSizingCallNone) {
   DocumentJob job(*object_);
   job.param.cOEMOptItems = 7;
   EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &job.param), S_OK);
   EXPECT_EQ(job.param.cOEMOptItems, 0U);
   EXPECT_EQ(job.BusyBlocks(), 0);
   EXPECT_EQ(job.items[0].Flags & OPTIF_HIDE, 0U);
+
+  ASSERT_EQ(job.Prepare(), S_OK);
+  EXPECT_EQ(job.param.cOEMOptItems, 0U);
+  for (const OPTITEM& item : job.items) {
+    EXPECT_EQ(item.Flags & (OPTIF_HIDE | OPTIF_CALLBACK), DWORD{OPTIF_HIDE | OPTIF_CALLBACK});
+  }
 }
 
 TEST_F(DocumentSheet, PreparationNeedsAHeap) {
@@ -90,10 +84,8 @@ TEST_F(DocumentSheet, PreparationNeedsAHeap) {
   EXPECT_EQ(job.items[0].Flags, 0U);
   job.param.hOEMHeap = heap;
   FakeSheet sheet = NewSheet();
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
-  EXPECT_TRUE(sheet.calls.empty());
-  EXPECT_EQ(sheet.info.Result, 0U);
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(Open(sheet), 0U);
+  Close(sheet);
 }
 
 TEST_F(DocumentSheet, OpensWithWhateverElseIsMissing) {
@@ -106,10 +98,9 @@ TEST_F(DocumentSheet, OpensWithWhateverElseIsMissing) {
     change(job.param);
     EXPECT_EQ(job.Prepare(), S_OK);
     FakeSheet sheet = NewSheet();
-    sheet.Send(PROPSHEETUI_REASON_INIT);
-    ASSERT_EQ(sheet.calls.size(), 5U);
+    ASSERT_EQ(Open(sheet), 5U);
     EXPECT_TRUE(ContextOf(sheet)->jobValues.IsCurrent());
-    sheet.Send(PROPSHEETUI_REASON_DESTROY);
+    Close(sheet);
     EXPECT_EQ(job.BusyBlocks(), 0);
   };
   opens("block", [](OEMCUIPPARAM& param) { param.pOEMDM = nullptr; });
@@ -122,10 +113,9 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
   DocumentJob job(*object_);
   job.Prepare();
   FakeSheet sheet = NewSheet();
-  ASSERT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
+  ASSERT_EQ(Open(sheet), 5U);
 
   const int templates[] = {1066, 1030, 1072, 0, 1000};
-  ASSERT_EQ(sheet.calls.size(), std::size(templates));
   std::set<DLGPROC> procedures;
   for (std::size_t i = 0; i < sheet.calls.size(); ++i) {
     const SheetCall& call = sheet.calls[i];
@@ -151,9 +141,8 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
   EXPECT_EQ(tree.insert.Type, PSUIPAGEINSERT_PCOMPROPSHEETUI);
   EXPECT_EQ(tree.insert.Mode, INSPSUIPAGE_MODE_LAST_CHILD);
   EXPECT_EQ(tree.tree.hInstCaller, plugIn_.Module());
-  EXPECT_EQ(sheet.info.Result, 105U);  // the handle of page 4
   EXPECT_TRUE(g_boxes.empty());
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(sheet);
 }
 
 TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
@@ -166,21 +155,21 @@ TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
   job.Prepare();
   FakeSheet sheet = NewSheet();
   sheet.param.poemuiobj = &shown;
-  sheet.Send(PROPSHEETUI_REASON_INIT);
+  Open(sheet);
 
   const SheetContext& context = *ContextOf(sheet);
   EXPECT_EQ(context.hOEMHeap, job.param.hOEMHeap);
   EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
   EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
   EXPECT_EQ(context.poemuiobj, &shown);
-  EXPECT_EQ(context.pOEMHelp, &helper);
+  EXPECT_EQ(static_cast<void*>(context.pOEMHelp), &helper);
   EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
   EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
   EXPECT_EQ(context.hLastPage, 105);
   EXPECT_TRUE(context.hasPageOrder);
   EXPECT_TRUE(context.mayChangeSettings);
   EXPECT_TRUE(context.treeReadOnlyFlag);
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(sheet);
 }
 
 TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
@@ -192,12 +181,12 @@ TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
   job.Prepare();
   FakeSheet sheet = NewSheet();
   sheet.info.lParamInit = 0;
-  sheet.Send(PROPSHEETUI_REASON_INIT);
+  Open(sheet);
   EXPECT_FALSE(ContextOf(sheet)->mayChangeSettings);
   EXPECT_FALSE(ContextOf(sheet)->hasPageOrder);
   EXPECT_EQ(ContextOf(sheet)->poemuiobj, &prepared);
   EXPECT_EQ(ContextOf(sheet)->pOEMHelp, nullptr);
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(sheet);
 }
 
 TEST_F(DocumentSheet, WithoutACallbackNoPageIsAdded) {
@@ -205,30 +194,17 @@ TEST_F(DocumentSheet, WithoutACallbackNoPageIsAdded) {
   job.Prepare();
   FakeSheet sheet = NewSheet();
   sheet.info.pfnComPropSheet = nullptr;
-  EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
-  EXPECT_EQ(sheet.info.Result, 0U);
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(Open(sheet), 0U);
+  Close(sheet);
   EXPECT_EQ(job.BusyBlocks(), 0);
-}
-
-TEST_F(DocumentSheet, EndOfTheSheetGivesItsDataBack) {
-  for (int round = 0; round < 3; ++round) {
-    DocumentJob job(*object_);
-    job.Prepare();
-    EXPECT_EQ(job.BusyBlocks(), 1);
-    FakeSheet sheet = NewSheet();
-    sheet.Send(PROPSHEETUI_REASON_INIT);
-    EXPECT_EQ(sheet.calls.size(), 5U);
-    sheet.Send(PROPSHEETUI_REASON_DESTROY, 1);
-    EXPECT_EQ(job.BusyBlocks(), 0);
-  }
 }
 
 TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
   DocumentJob job(*object_);
   job.Prepare();
+  EXPECT_EQ(job.BusyBlocks(), 1);
   FakeSheet first = NewSheet();
-  first.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(Open(first), 5U);
 
   DocumentJob later(*object_);
   later.param.cOEMOptItems = 7;
@@ -236,9 +212,7 @@ TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
   EXPECT_EQ(later.param.cOEMOptItems, 7U);  // an open sheet: nothing is done
   EXPECT_EQ(later.BusyBlocks(), 0);
   FakeSheet second = NewSheet();
-  EXPECT_EQ(second.Send(PROPSHEETUI_REASON_INIT), S_OK);
-  EXPECT_TRUE(second.calls.empty());
-  EXPECT_EQ(second.info.Result, 0U);
+  EXPECT_EQ(Open(second), 0U);
   ASSERT_EQ(g_boxes.size(), 1U);
   // "QuorraQR..." and the caption in code page 932.
   EXPECT_EQ(g_boxes[0].text.substr(0, 8), "QuorraQR");
@@ -246,48 +220,40 @@ TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
   EXPECT_EQ(g_boxes[0].caption, "\x8C\x78\x8D\x90");
   EXPECT_EQ(g_boxes[0].type, UINT{MB_ICONEXCLAMATION});
 
-  second.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(second);
   EXPECT_EQ(job.BusyBlocks(), 1);
-  first.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(first);
   EXPECT_EQ(job.BusyBlocks(), 0);
-
-  DocumentJob third(*object_);
-  EXPECT_EQ(third.Prepare(), S_OK);
-  FakeSheet again = NewSheet();
-  again.Send(PROPSHEETUI_REASON_INIT);
-  EXPECT_EQ(again.calls.size(), 5U);
-  EXPECT_EQ(g_boxes.size(), 1U);
-  again.Send(PROPSHEETUI_REASON_DESTROY);
 }
 
 TEST_F(DocumentSheet, WarnedSheetStillCountsAfterTheFirstHasGone) {
   DocumentJob job(*object_);
   job.Prepare();
   FakeSheet first = NewSheet();
-  first.Send(PROPSHEETUI_REASON_INIT);
   FakeSheet second = NewSheet();
-  second.Send(PROPSHEETUI_REASON_INIT);
-  first.Send(PROPSHEETUI_REASON_DESTROY);
-  EXPECT_EQ(job.BusyBlocks(), 0);
-
   FakeSheet third = NewSheet();
-  third.Send(PROPSHEETUI_REASON_INIT);
+  EXPECT_EQ(Open(first), 5U);
+  EXPECT_EQ(Open(second), 0U);
+  Close(first);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+  EXPECT_EQ(Open(third), 0U);
   EXPECT_EQ(g_boxes.size(), 2U);
-  third.Send(PROPSHEETUI_REASON_DESTROY);
-  second.Send(PROPSHEETUI_REASON_DESTROY);
-  second.Send(PROPSHEETUI_REASON_DESTROY);  // once too often
+  Close(third);
+  Close(second);
+  Close(second);  // once too often
+
   EXPECT_EQ(job.Prepare(), S_OK);
   FakeSheet fourth = NewSheet();
-  fourth.Send(PROPSHEETUI_REASON_INIT);
-  EXPECT_EQ(fourth.calls.size(), 5U);
-  fourth.Send(PROPSHEETUI_REASON_DESTROY);
+  EXPECT_EQ(Open(fourth), 5U);
+  EXPECT_EQ(g_boxes.size(), 2U);
+  Close(fourth);
 }
 
 TEST_F(DocumentSheet, AnotherThreadDoesNotFreeTheData) {
   DocumentJob job(*object_);
   job.Prepare();
   FakeSheet sheet = NewSheet();
-  sheet.Send(PROPSHEETUI_REASON_INIT);
+  Open(sheet);
   std::thread([&] { sheet.Send(PROPSHEETUI_REASON_DESTROY); }).join();
   EXPECT_EQ(sheet.info.Result, 1U);
   EXPECT_EQ(job.BusyBlocks(), 1);
@@ -301,13 +267,12 @@ TEST_F(DocumentSheet, PreparedButNeverShownIsForgotten) {
   DocumentJob job(*object_);
   EXPECT_EQ(job.Prepare(), S_OK);
   FakeSheet sheet = NewSheet();
-  sheet.Send(PROPSHEETUI_REASON_INIT);
+  Open(sheet);
   EXPECT_EQ(ContextOf(sheet)->hOEMHeap, job.param.hOEMHeap);
-  sheet.Send(PROPSHEETUI_REASON_DESTROY);
+  Close(sheet);
   EXPECT_EQ(job.BusyBlocks(), 0);
   FakeSheet unprepared = NewSheet();
-  unprepared.Send(PROPSHEETUI_REASON_INIT);
-  EXPECT_TRUE(unprepared.calls.empty());
+  EXPECT_EQ(Open(unprepared), 0U);
 }
 
 }  // namespace
