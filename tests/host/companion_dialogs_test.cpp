@@ -20,7 +20,6 @@ namespace {
 
 using host::DeviceSheet;
 using host::DocumentSheet;
-using ::testing::Contains;
 using ::testing::UnorderedElementsAre;
 
 constexpr int kGray = 1;

@@ -42,15 +42,6 @@ TEST_F(OptionItemsTest, KeywordItemsStandLastAtLevelTwo) {
   EXPECT_NE((item - 1)->Level, 2);
 }
 
-TEST_F(OptionItemsTest, PageOrderIsOfferedOrNot) {
-  const FullDevMode defaults = Defaults();
-  OptionItems with(queue_->Description(), defaults);
-  OptionItems without(queue_->Description(), defaults, false);
-  EXPECT_NE(with.Find("%PageOrder"), nullptr);
-  EXPECT_EQ(without.Find("%PageOrder"), nullptr);
-  EXPECT_EQ(with.Count(), without.Count() + 1);
-}
-
 TEST_F(OptionItemsTest, ChangesAreToldOnceAndStored) {
   FullDevMode devmode = Defaults();
   OptionItems items(queue_->Description(), devmode);

@@ -44,14 +44,14 @@ class PreferencesTest : public HostTest {
   }
 };
 
-TEST_F(PreferencesTest, OkHandsOnExactlyWhatWasChanged) {
+TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
   const auto sheet = Open(Defaults());
   ASSERT_EQ(sheet->Sheet().PageCount(), kPages);
   ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
   sheet->Sheet().PressOk();
   EXPECT_TRUE(sheet->Sheet().EndedWithOk());
-  const FullDevMode kept = sheet->Finish();
-
+  EXPECT_EQ(sheet->Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
+  FullDevMode kept = sheet->Finish();
   const std::string report = Report(*sheet, kept);
   const auto options =
       UnorderedElementsAre("ColorModel: CMYK -> Gray", "ZNPrinterMode: Option0 -> Option2",
@@ -59,59 +59,34 @@ TEST_F(PreferencesTest, OkHandsOnExactlyWhatWasChanged) {
   EXPECT_THAT(Lines(report, "update"), options);
   EXPECT_THAT(Lines(report, "option"), options);
   EXPECT_THAT(Lines(report, "fault:"), IsEmpty());
-  EXPECT_EQ(sheet->Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
+  EXPECT_EQ(kept.Private().block.GetDWord(devmode::kJobNameMode), 1u);
+  EXPECT_EQ(kept.Private().block.GetText(devmode::kJobName), kJobNameText);
 
-  const CDevMode& block = kept.Private().block;
-  EXPECT_EQ(block.GetDWord(devmode::kJobNameMode), 1u);
-  EXPECT_EQ(block.GetText(devmode::kJobName), kJobNameText);
-}
-
-TEST_F(PreferencesTest, StoredSettingsAreShownAgain) {
-  FullDevMode kept = Defaults();
-  {
-    const auto sheet = Open(kept);
-    ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
-    sheet->Sheet().PressOk();
-    kept = sheet->Finish();
-  }
   queue_->Store(kept);
-  const auto sheet = Open(DocumentSheet::StartDevMode(*plugIn_, *queue_));
-  const HWND page = sheet->Sheet().ShowPage(kJobPage);
-  EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), kGray);
-  EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), 2);
-  EXPECT_TRUE(IsChecked(page, IDC_JOB_SPOOL_AFTER_PRINT));
-  EXPECT_TRUE(IsChecked(page, IDC_JOB_NAME_ENTERED));
-  EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);
-
-  // Nothing was touched, so nothing may be handed on.
-  sheet->Sheet().PressOk();
-  const FullDevMode again = sheet->Finish();
-  const std::string report = Report(*sheet, again);
-  EXPECT_THAT(Lines(report, "update"), IsEmpty());
-  EXPECT_THAT(Lines(report, "option"), IsEmpty());
-  EXPECT_THAT(Lines(report, "block"), IsEmpty());
-}
-
-TEST_F(PreferencesTest, RestoreDefaultsShowsAndStoresThem) {
-  FullDevMode start = Defaults();
-  {
-    const auto sheet = Open(start);
-    ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
-    sheet->Sheet().PressOk();
-    start = sheet->Finish();
+  for (const bool restore : {false, true}) {
+    SCOPED_TRACE(restore ? "restored" : "untouched");
+    const auto again = Open(DocumentSheet::StartDevMode(*plugIn_, *queue_));
+    const HWND page = again->Sheet().ShowPage(kJobPage);
+    if (restore) {
+      Click(page, IDC_RESTORE_DEFAULTS);
+    }
+    EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), restore ? 0 : kGray);
+    EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), restore ? 0 : 2);
+    EXPECT_TRUE(IsChecked(page, restore ? IDC_JOB_SPOOL_NONE : IDC_JOB_SPOOL_AFTER_PRINT));
+    EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);  // no matter of the defaults
+    again->Sheet().PressOk();
+    const std::string second = Report(*again, again->Finish());
+    if (restore) {
+      EXPECT_THAT(
+          Lines(second, "option"),
+          UnorderedElementsAre("ColorModel: Gray -> CMYK", "ZNPrinterMode: Option2 -> Option0",
+                               "ZNSpoolOption: Option1 -> Option0"));
+    } else {
+      EXPECT_THAT(Lines(second, "update"), IsEmpty());
+      EXPECT_THAT(Lines(second, "option"), IsEmpty());
+      EXPECT_THAT(Lines(second, "block"), IsEmpty());
+    }
   }
-  const auto sheet = Open(start);
-  const HWND page = sheet->Sheet().ShowPage(kJobPage);
-  Click(page, IDC_RESTORE_DEFAULTS);
-  EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), 0);
-  EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), 0);
-  EXPECT_TRUE(IsChecked(page, IDC_JOB_SPOOL_NONE));
-  EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);  // the job name is not a default's matter
-  sheet->Sheet().PressOk();
-  const FullDevMode kept = sheet->Finish();
-  EXPECT_THAT(Lines(Report(*sheet, kept), "option"),
-              UnorderedElementsAre("ColorModel: Gray -> CMYK", "ZNPrinterMode: Option2 -> Option0",
-                                   "ZNSpoolOption: Option1 -> Option0"));
 }
 
 TEST_F(PreferencesTest, CancelKeepsWhatTheLastApplyLeft) {

@@ -15,51 +15,33 @@ namespace {
 using host::CountResources;
 using host::ResourceUsage;
 
+HWND NewWindow(DWORD style, HWND parent) {
+  return ::CreateWindowA("STATIC", "", style, 0, 0, 9, 9, parent, nullptr, nullptr, nullptr);
+}
+
+// One of each kind, and a window with a child.
+struct Made {
+  Unique<HANDLE, &::CloseHandle> event{::CreateEventA(nullptr, FALSE, FALSE, nullptr)};
+  Unique<HBRUSH, &::DeleteObject> brush{::CreateSolidBrush(RGB(1, 0, 0))};
+  std::unique_ptr<char[]> block = std::make_unique<char[]>(100);
+  Unique<HWND, &::DestroyWindow> window{NewWindow(WS_POPUP, nullptr)};
+  HWND child = NewWindow(WS_CHILD, window.get());
+};
+
 // Each kind is counted one by one: the soak's promise of no growth rests on that.
 TEST(ResourceUsageTest, CountsWhatIsMadeAndForgetsWhatIsGone) {
-  using UniqueEvent = Unique<HANDLE, &::CloseHandle>;
-  using UniqueBrush = Unique<HBRUSH, &::DeleteObject>;
-  using UniqueWindow = Unique<HWND, &::DestroyWindow>;
   constexpr int kMade = 50;
-  std::vector<UniqueEvent> events(kMade);
-  std::vector<UniqueBrush> brushes(kMade);
-  std::vector<std::unique_ptr<char[]>> blocks(kMade);
   // The thread's helper window for text input comes with its first window.
-  const UniqueWindow first(
-      ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr));
-  UniqueWindow window;
-  UniqueWindow child;
-  const auto make = [&] {
-    for (int i = 0; i < kMade; ++i) {
-      events[i].reset(::CreateEventA(nullptr, FALSE, FALSE, nullptr));
-      brushes[i].reset(::CreateSolidBrush(RGB(i, 0, 0)));
-      blocks[i] = std::make_unique<char[]>(100);
-    }
-    window.reset(
-        ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr));
-    child.reset(::CreateWindowA("STATIC", "", WS_CHILD, 0, 0, 9, 9, window.get(), nullptr, nullptr,
-                                nullptr));
-  };
-  const auto clear = [&] {
-    child.reset();
-    window.reset();
-    for (int i = 0; i < kMade; ++i) {
-      events[i].reset();
-      brushes[i].reset();
-      blocks[i].reset();
-    }
-  };
-  make();  // the system's own first-time allocations
-  clear();
-
+  const Made first;
+  std::vector<Made>(kMade).clear();  // the system's own first-time allocations
   const ResourceUsage before = CountResources();
-  make();
+  std::vector<Made> made(kMade);
   const ResourceUsage with = CountResources();
-  clear();
+  made.clear();
   const ResourceUsage after = CountResources();
   EXPECT_EQ(with.gdiObjects - before.gdiObjects, kMade);
   EXPECT_EQ(with.handles - before.handles, kMade);
-  EXPECT_EQ(with.windows - before.windows, 2);
+  EXPECT_EQ(with.windows - before.windows, 2 * kMade);
   EXPECT_GE(with.heapBlocks - before.heapBlocks, kMade);
   EXPECT_EQ(after.gdiObjects, before.gdiObjects);
   EXPECT_EQ(after.handles, before.handles);

@@ -7,7 +7,6 @@
 #include <array>
 
 #include "bridge/companion.h"
-#include "companion/call_counter.h"
 #include "platform/resources.h"
 #include "session/keyword_table.h"
 #include "tests/host/host_fixture.h"
@@ -48,31 +47,8 @@ TEST_F(SamplePrinterTest, KeywordsHaveTheirOptionsAndTexts) {
   }
 }
 
-TEST_F(SamplePrinterTest, CompanionNamesWhatThePagesShowBesides) {
+TEST_F(SamplePrinterTest, CompanionLabelsWhatThePagesShowBesides) {
   const CompanionModule companion(queue_->Handle());
-  struct Row {
-    std::uint32_t id;
-    std::uint32_t options;
-  };
-  constexpr Row kRows[] = {{KW_COPIES, 0},
-                           {KW_ORIENTATION, 3},
-                           {KW_SCALE, 0},
-                           {KW_NUP, 7},
-                           {KW_SOURCE, 7},
-                           {KW_ICMINTENT, 4},
-                           {KW_ICMMETHOD, 4},
-                           {KW_TTOPTION, 2},
-                           {KW_PAGEORDER, 2},
-                           {KW_PAGESIZE, 43},
-                           {KW_PSOUTPUTOPTION, 4},
-                           {KW_PSLANGUAGELEVEL, 0},
-                           {KW_TRUETYPEFONTDOWNLOAD, 4},
-                           {KW_CUSTOMPAPERDIRECTION, 4},
-                           {KW_NUPBORDER, 2},
-                           {companion_label::kJobNameModes, 2}};
-  for (const auto& [id, options] : kRows) {
-    EXPECT_EQ(companion.GetKeywordOptionCount(id), options) << id;
-  }
   for (std::uint32_t id = KW_FIRST_STANDARD; id <= companion_label::kPaperColor; ++id) {
     const bool labelled = id < KW_MAX || id >= 338;
     EXPECT_EQ(companion.GetKeywordTranslation(id).empty(), !labelled) << id;
@@ -91,20 +67,6 @@ TEST_F(SamplePrinterTest, SpoolerOffersTheFormsByTheirNames) {
   for (std::size_t i = 0; i < sizes->options.size(); ++i) {
     EXPECT_EQ(std::string(names[i].data()), sizes->options[i].text);
   }
-}
-
-TEST_F(SamplePrinterTest, CompanionCallsAreCountedAcrossLoads) {
-  using companion::Call;
-  const companion::CallCounter calls;
-  for (int i = 0; i < 2; ++i) {
-    const CompanionModule module(queue_->Handle());
-    EXPECT_FALSE(module.GetKeywordTranslation(KW_COLORMODEL).empty());
-    EXPECT_EQ(module.GetPrintOptionList("_def", 10).size(), 2u);
-  }
-  EXPECT_EQ(calls[Call::Load], 2);
-  EXPECT_EQ(calls[Call::GetPrintOptionString], 2);
-  EXPECT_EQ(calls[Call::GetPrintOptionList], 2);
-  EXPECT_EQ(calls[Call::PrintOptionSetting], 0);
 }
 
 }  // namespace
