@@ -102,18 +102,14 @@ void CheckIdentity(IPrintOemUI& object) {
   Expect(object.QueryInterface(IID_IUnknown, nullptr) == E_POINTER, "slot 0 no output");
 }
 
-struct InfoRow {
-  DWORD mode;
-  DWORD size;
-  bool hasBuffer;
-  DWORD needed;
-  DWORD value;
-  DWORD error;  // 0: succeeds
-  const char* name;
-};
-
 void CheckGetInfo(IPrintOemUI& object) {
-  static constexpr InfoRow kRows[] = {
+  struct Row {
+    DWORD mode, size;
+    bool hasBuffer;
+    DWORD needed, value, error;  // error 0: succeeds
+    const char* name;
+  };
+  static constexpr Row kRows[] = {
       {1, 4, true, 4, kSignature, 0, "slot 3 signature"},
       {1, 9, true, 4, kSignature, 0, "slot 3 signature, more room"},
       {1, 3, true, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 signature, short buffer"},
@@ -122,9 +118,8 @@ void CheckGetInfo(IPrintOemUI& object) {
       {3, 4, false, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 version, no buffer"},
       {4, 4, true, 0, 0, ERROR_NOT_SUPPORTED, "slot 3 publisher"},
       {4, 0, true, 4, 0, ERROR_INSUFFICIENT_BUFFER, "slot 3 publisher, short buffer"},
-      {5, 4, true, 99, 0, ERROR_INVALID_PARAMETER, "slot 3 helper interfaces"},
   };
-  for (const InfoRow& row : kRows) {
+  for (const Row& row : kRows) {
     DWORD value = 0;
     DWORD needed = 99;
     SetLastError(0);

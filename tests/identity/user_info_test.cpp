@@ -33,7 +33,7 @@ class Deletion : public testing::Test {
   UserRegistry registry_;
 };
 
-TEST_F(Deletion, RemovesThisPrintersKeysAndNoOthers) {
+TEST_F(Deletion, RemovesThisPrintersDataAndNobodyElses) {
   for (const char* printer : {"printer{guid}", "printer", "printer{guid}2", "other"}) {
     StoreUserData(printer);
   }
@@ -41,9 +41,7 @@ TEST_F(Deletion, RemovesThisPrintersKeysAndNoOthers) {
   EXPECT_EQ(registry_.Subkeys(kRoot), (Names{"other", "printer", "printer{guid}2"}));
   EXPECT_EQ(registry_.Values(UserInfo("other"))->size(), 5U);
   EXPECT_TRUE(registry_.Has("Printers\\Connections\\,,server,printer"));
-}
 
-TEST_F(Deletion, WhatSomebodyElseKeepsThereStays) {
   StoreUserData("printer{guid}");
   registry_.SetText(UserInfo("printer{guid}"), "foreign", "1");
   registry_.CreateKey(UserInfo("printer{guid}") + "\\foreign");

@@ -16,14 +16,13 @@ namespace zn::test {
 namespace {
 
 struct ShownBox {
-  HWND owner;
   std::string text, caption;
   UINT type;
 };
 std::vector<ShownBox> g_boxes;
 
-int WINAPI RecordBox(HWND owner, const char* text, const char* caption, UINT type) {
-  g_boxes.push_back({owner, text, caption, type});
+int WINAPI RecordBox(HWND, const char* text, const char* caption, UINT type) {
+  g_boxes.push_back({text, caption, type});
   return IDOK;
 }
 
@@ -73,8 +72,15 @@ TEST_F(DocumentSheet, PreparationHidesEveryItemOfTheDriverTheSizingCallNone) {
   }
 }
 
-TEST_F(DocumentSheet, PreparationNeedsAHeap) {
+TEST_F(DocumentSheet, OpensNotWithoutAHeapOrACallback) {
   DocumentJob job(*object_);
+  EXPECT_EQ(job.Prepare(), S_OK);
+  FakeSheet mute = NewSheet();
+  mute.info.pfnComPropSheet = nullptr;
+  EXPECT_EQ(Open(mute), 0U);
+  Close(mute);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+
   EXPECT_EQ(job.Prepare(), S_OK);  // leaves nothing behind for the refused one
   const HANDLE heap = std::exchange(job.param.hOEMHeap, nullptr);
   job.items[0].Flags = 0;
@@ -187,16 +193,6 @@ TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
   EXPECT_EQ(ContextOf(sheet)->poemuiobj, &prepared);
   EXPECT_EQ(ContextOf(sheet)->pOEMHelp, nullptr);
   Close(sheet);
-}
-
-TEST_F(DocumentSheet, WithoutACallbackNoPageIsAdded) {
-  DocumentJob job(*object_);
-  job.Prepare();
-  FakeSheet sheet = NewSheet();
-  sheet.info.pfnComPropSheet = nullptr;
-  EXPECT_EQ(Open(sheet), 0U);
-  Close(sheet);
-  EXPECT_EQ(job.BusyBlocks(), 0);
 }
 
 TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
