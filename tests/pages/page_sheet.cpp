@@ -1,7 +1,5 @@
 #include "page_sheet.h"
 
-#include <cstring>
-
 #include "pages/pages.h"
 #include "platform/resources.h"
 #include "session/keyword_table.h"
@@ -13,23 +11,6 @@ namespace {
 constexpr int kApplyButton = 0x3021;
 constexpr LONG_PTR kLastPageHandle = 0x1234;
 HANDLE const kSheetHandle = reinterpret_cast<HANDLE>(0x5678);
-
-std::string g_driverPath;  // empty: the spooler does not know the driver
-
-BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD level, LPBYTE memory, DWORD size,
-                                 LPDWORD need) {
-  const auto pathSize = static_cast<DWORD>(g_driverPath.size() + 1);
-  *need = sizeof(DRIVER_INFO_2A) + pathSize;
-  if (level != 2 || g_driverPath.empty() || size < *need) {
-    ::SetLastError(g_driverPath.empty() ? ERROR_INVALID_HANDLE : ERROR_INSUFFICIENT_BUFFER);
-    return FALSE;
-  }
-  auto* const info = reinterpret_cast<DRIVER_INFO_2A*>(memory);
-  *info = DRIVER_INFO_2A{};
-  info->pDriverPath = reinterpret_cast<char*>(info + 1);
-  std::memcpy(info->pDriverPath, g_driverPath.c_str(), pathSize);
-  return TRUE;
-}
 
 int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style) {
   PageSheetTest::messages.push_back({text, caption != nullptr ? caption : "(null)", style});
@@ -50,8 +31,7 @@ LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM
 }  // namespace
 
 PageSheetTest::PageSheetTest()
-    : driverInfo_(::GetModuleHandleA(nullptr), "GetPrinterDriverA", &FakeGetPrinterDriver),
-      box_(::GetModuleHandleA(nullptr), "MessageBoxA", &RecordMessage),
+    : box_(::GetModuleHandleA(nullptr), "MessageBoxA", &RecordMessage),
       beep_(::GetModuleHandleA(nullptr), "MessageBeep", &RecordBeep) {
   messages.clear();
   beeps = 0;
@@ -82,7 +62,7 @@ PageSheetTest::~PageSheetTest() {
 }
 
 void PageSheetTest::Open(PageIndex page, bool withCompanion) {
-  g_driverPath = withCompanion ? FolderOfProgram() + "driver.dll" : std::string();
+  FakeDriverPath::path = withCompanion ? BesideProgram("driver.dll") : std::string();
   std::array<PROPSHEETPAGEA, kDialogPageCount> pages{};
   for (int index = 0; index < kDialogPageCount; ++index) {
     PROPSHEETPAGEA& entry = pages[static_cast<std::size_t>(index)];
@@ -158,12 +138,6 @@ INT_PTR PageSheetTest::Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM l
 void PageSheetTest::SetSelections(KeywordId id, std::uint32_t defaultIndex,
                                   std::uint32_t currentIndex) {
   sheet_->options[id] = {defaultIndex, currentIndex, currentIndex};
-}
-
-std::string FolderOfProgram() {
-  char path[MAX_PATH] = "";
-  ::GetModuleFileNameA(nullptr, path, sizeof path);
-  return {path, std::strrchr(path, '\\') + 1};
 }
 
 std::string Japanese(const char* utf8) {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "companion/call_counter.h"
-#include "iat_patch.h"
+#include "fake_driver_path.h"
 #include "tests/session/sheet_fixture.h"
 
 namespace zn::test {
@@ -61,11 +61,10 @@ class PageSheetTest : public SheetTest {
  private:
   HWND window_ = nullptr;
   std::vector<OPTTYPE> types_;
-  ImportPatch driverInfo_, box_, beep_;
+  FakeDriverPath driverPath_;
+  ImportPatch box_, beep_;
 };
 
-// With a backslash at its end.
-std::string FolderOfProgram();
 // A text of the string table's encoding from a UTF-8 literal.
 std::string Japanese(const char* utf8);
 

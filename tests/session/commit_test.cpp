@@ -152,17 +152,12 @@ TEST_F(CommitTest, CoreDriversPart) {
   EXPECT_EQ(devMode_.driver.noBorder, 1u);
   EXPECT_EQ(devMode_.driver.customPaperWidth, 330'000u);
   EXPECT_EQ(devMode_.driver.psLanguageLevel, 2u);
-  EXPECT_TRUE(devMode_.block.IsCurrent());
-}
 
-TEST_F(CommitTest, NoRoomForTheCoreDriversPart) {
-  Open();
-  sheet_->SetCurrent(KW_MIRRORPRINT, 1);
-  // The block would begin inside the part.
-  devMode_.open.dmSize += 8;
+  sheet_->SetCurrent(KW_MIRRORPRINT, 0);
+  devMode_.open.dmSize += 8;  // the block would begin inside the part
   Session().CommitSession();
   EXPECT_TRUE(devMode_.block.IsCurrent());
-  EXPECT_EQ(devMode_.driver.flags, 0u);
+  EXPECT_EQ(devMode_.driver.flags, 0xF4u);
   sheet_->pPublicDM = nullptr;
   sheet_->pDevMode = nullptr;
   Session().CommitSession();
@@ -178,10 +173,9 @@ TEST_F(CommitTest, PrinterDefaultIsTheFullDevMode) {
   ASSERT_TRUE(saved && saved->pDevMode != nullptr);
   ASSERT_EQ(saved->pDevMode->dmDriverExtra, sizeof(DriverPrivateDevMode) + kDevModeSize);
   CDevMode block;
-  std::memcpy(&block,
-              reinterpret_cast<const std::byte*>(saved->pDevMode) + saved->pDevMode->dmSize +
-                  sizeof(DriverPrivateDevMode),
-              sizeof block);
+  const auto* const extra =
+      reinterpret_cast<const std::byte*>(saved->pDevMode) + saved->pDevMode->dmSize;
+  std::memcpy(&block, extra + sizeof(DriverPrivateDevMode), sizeof block);
   EXPECT_EQ(block.GetDWord(9244), 321u);
 
   sheet_->pDevMode = &block;

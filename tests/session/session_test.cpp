@@ -60,13 +60,9 @@ TEST_F(SessionTest, DeviceSuppliedListsStayZeroInTheItem) {
       EXPECT_EQ(sheet_->options[id].lastWritten, 5u) << "id " << id;
     }
   }
-}
-
-TEST_F(SessionTest, CustomColorsAreZeroInTheItem) {
+  // Custom colours, too.
   for (const auto& [id, firstCode] :
        {std::pair{KW_CMYKSIMULATION, 20u}, {KW_RGBCOLORCORRECT, 11u}}) {
-    items_.AddKeyword(id, 0);
-    Open();
     std::uint32_t first = 0;
     ASSERT_TRUE(GetOptionIndex(id, firstCode, first));
     for (const auto& [value, told] :

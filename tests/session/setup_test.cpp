@@ -268,12 +268,10 @@ TEST_F(SetupTest, CoreDriversPartIsRead) {
   SetUpSession();
   EXPECT_EQ(sheet_->Current(KW_PSSENDERRORHANDLER), 0u);
   EXPECT_EQ(sheet_->Current(KW_MIRRORPRINT), 1u);
-  EXPECT_EQ(sheet_->Current(KW_PSOUTPUTOPTION), 2u);
-  EXPECT_EQ(sheet_->Current(KW_TRUETYPEFONTDOWNLOAD), 3u);
   EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERWIDTH), 100'000u);
   EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERHEIGHT), sheet_->Default(KW_CUSTOMPAPERHEIGHT));
-  EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERDIRECTION), 1u);
   EXPECT_EQ(sheet_->Current(KW_PSLANGUAGELEVEL), 2u);
+
   devMode_.open.dmDriverVersion = 0x0501;
   devMode_.driver.flags = 0x2;
   SetUpSession();
