@@ -1,4 +1,4 @@
-// Defaults, copying, texts, private ids and authentication data of the settings block.
+// Defaults, copying, texts and private ids of the settings block.
 #include "oemps/devmode.h"
 
 #include <gtest/gtest.h>
@@ -123,33 +123,6 @@ TEST(DevModePrivateIds, FindTheirFields) {
       EXPECT_EQ(field->offset, row.offset);
       EXPECT_EQ(field->privateWidth, row.bits);
     }
-  }
-}
-
-TEST(DevModeAuthentication, FieldsByMethodAndSource) {
-  struct Row {
-    std::uint32_t method;
-    const char* specify;
-    std::uint32_t source;
-    const char* owner;
-    const char* password;
-    const char* account;
-  };
-  for (const Row& row :
-       {Row{0, "EnterName", 0, "", "", ""}, Row{1, "EnterName", 1, "entered", "secret", "account"},
-        Row{2, "LoginName", 0, "logon", "secret", "account"},
-        Row{255, "", 0, "logon", "secret", "account"},
-        Row{1, "entername", 0, "logon", "secret", "account"},
-        Row{1, "EnterName ", 0, "logon", "secret", "account"}}) {
-    SCOPED_TRACE(testing::Message() << row.method << " " << row.specify);
-    CDevMode block = FilledWith(kOdd);
-    block.SetAuthenticationData(row.method, row.specify, "entered", "secret", "account", "logon");
-    EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), row.method);
-    EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), row.source);
-    EXPECT_EQ(block.GetText(devmode::kJobOwnerName), row.owner);
-    EXPECT_EQ(block.GetText(devmode::kJobOwnerPassword), row.password);
-    EXPECT_EQ(block.GetText(devmode::kAccountId), row.account);
-    EXPECT_EQ(block.GetDWord(devmode::kOverWriteFlag), 0xABABABABU);
   }
 }
 
