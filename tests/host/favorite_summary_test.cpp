@@ -15,10 +15,11 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr std::array kItems = {
-    companion_abi::SummaryItem{0, 338, {}}, companion_abi::SummaryItem{1, KW_COPIES, {}},
-    companion_abi::SummaryItem{1, KW_COLORMODEL, {}}, companion_abi::SummaryItem{0, 342, {}},
-    companion_abi::SummaryItem{1, KW_WMSELECTION, {}}};
+constexpr companion_abi::SummaryItem kItems[] = {{0, 338, {}},
+                                                 {1, KW_COPIES, {}},
+                                                 {1, KW_COLORMODEL, {}},
+                                                 {0, 342, {}},
+                                                 {1, KW_WMSELECTION, {}}};
 
 // A window in the place of the basic page: it fills the rows of the tree.
 LRESULT CALLBACK PageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -77,6 +78,12 @@ TEST_F(FavoriteSummaryTest, ShowsWhatAFavoriteSets) {
   const auto line = [&companion](std::uint32_t id, const std::string& value) {
     return companion.GetKeywordTranslation(id) + (value.empty() ? "" : ": " + value);
   };
+  // The watermark 2 of the favourite is the second name, too.
+  const auto second = [&](KeywordId id) {
+    std::string text;
+    companion.GetKeywordOption(id, 1, text);
+    return line(id, text);
+  };
   const DialogDriver user([&](HWND dialog) {
     EXPECT_EQ(::SendDlgItemMessageA(dialog, IDC_FAVORITES, LB_GETCURSEL, 0, 0), 2);
     SelectRow(dialog, 1);
@@ -84,16 +91,10 @@ TEST_F(FavoriteSummaryTest, ShowsWhatAFavoriteSets) {
     const HWND tree = ::GetDlgItem(dialog, IDC_SETTINGS);
     const HTREEITEM root = TreeView_GetRoot(tree);
     EXPECT_THAT(Texts(tree, root), ElementsAre(line(338, ""), line(342, "")));
-    const auto option = [&companion](KeywordId id, std::uint32_t index) {
-      std::string text;
-      companion.GetKeywordOption(id, index, text);
-      return text;
-    };
     EXPECT_THAT(Texts(tree, TreeView_GetChild(tree, root)),
-                ElementsAre(line(KW_COPIES, "12"), line(KW_COLORMODEL, option(KW_COLORMODEL, 1))));
-    // Watermark 2 is the second name.
+                ElementsAre(line(KW_COPIES, "12"), second(KW_COLORMODEL)));
     EXPECT_THAT(Texts(tree, TreeView_GetChild(tree, TreeView_GetNextSibling(tree, root))),
-                ElementsAre(line(KW_WMSELECTION, option(KW_WMSELECTION, 1))));
+                ElementsAre(second(KW_WMSELECTION)));
     Click(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Run());

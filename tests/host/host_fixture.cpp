@@ -5,6 +5,7 @@
 #include <winspool.h>
 
 #include <array>
+#include <sstream>
 
 #include "host/files.h"
 #include "platform/handles.h"
@@ -90,13 +91,11 @@ std::string TreeItemText(HWND tree, HTREEITEM node) {
 
 std::vector<std::string> Lines(const std::string& report, const std::string& word) {
   std::vector<std::string> lines;
-  for (std::size_t at = 0; at < report.size();) {
-    const std::size_t end = report.find('\n', at);
-    const std::string line = report.substr(at, end - at);
+  std::istringstream text(report);
+  for (std::string line; std::getline(text, line);) {
     if (line.starts_with(word + " ")) {
       lines.push_back(line.substr(word.size() + 1));
     }
-    at = end == std::string::npos ? report.size() : end + 1;
   }
   return lines;
 }

@@ -37,16 +37,15 @@ TEST_F(PropertySheetTest, PagesAreInsertedWhereTheModeSays) {
   const LONG_PTR second = Add();
   ASSERT_NE(first, 0);
   ASSERT_NE(second, first);
-  struct Row {
+  const struct {
     LONG_PTR beside;
     BYTE mode;
     bool inserted;
-  };
-  for (const auto& [beside, mode, inserted] :
-       {Row{first, INSPSUIPAGE_MODE_BEFORE, true}, Row{second, INSPSUIPAGE_MODE_AFTER, true},
-        Row{0, INSPSUIPAGE_MODE_FIRST_CHILD, true}, Row{0, INSPSUIPAGE_MODE_LAST_CHILD, true},
-        Row{1, INSPSUIPAGE_MODE_INDEX, true}, Row{0, INSPSUIPAGE_MODE_AFTER, false},
-        Row{12345, INSPSUIPAGE_MODE_BEFORE, false}, Row{first, 5, false}}) {
+  } rows[] = {{first, INSPSUIPAGE_MODE_BEFORE, true},  {second, INSPSUIPAGE_MODE_AFTER, true},
+              {0, INSPSUIPAGE_MODE_FIRST_CHILD, true}, {0, INSPSUIPAGE_MODE_LAST_CHILD, true},
+              {1, INSPSUIPAGE_MODE_INDEX, true},       {0, INSPSUIPAGE_MODE_AFTER, false},
+              {12345, INSPSUIPAGE_MODE_BEFORE, false}, {first, 5, false}};
+  for (const auto& [beside, mode, inserted] : rows) {
     const int before = sheet_.PageCount();
     EXPECT_EQ(Insert(beside, mode) != 0, inserted) << "mode " << static_cast<int>(mode);
     EXPECT_EQ(sheet_.PageCount(), before + inserted);
@@ -56,7 +55,6 @@ TEST_F(PropertySheetTest, PagesAreInsertedWhereTheModeSays) {
 
 TEST_F(PropertySheetTest, ResultsCountOnlyForItsOwnPages) {
   const LONG_PTR page = Add();
-  EXPECT_EQ(sheet_.Result(), static_cast<DWORD>(CPSUI_CANCEL));
   EXPECT_EQ(Call(CPSFUNC_SET_RESULT, &page, CPSUI_OK), -1);  // not a page's handle
   EXPECT_EQ(sheet_.Result(), static_cast<DWORD>(CPSUI_CANCEL));
   EXPECT_EQ(Call(CPSFUNC_SET_RESULT, reinterpret_cast<const void*>(page), CPSUI_OK), 1);
