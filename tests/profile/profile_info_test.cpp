@@ -8,6 +8,7 @@
 #include <climits>
 #include <clocale>
 #include <string>
+#include <vector>
 
 #include "platform/trace.h"
 #include "tests/profile/profile_file.h"
@@ -22,6 +23,7 @@ using ::testing::StartsWith;
 
 constexpr unsigned kJapanese = 932;
 constexpr std::uint32_t kUntouched = 0xEEEEEEEE;
+using List = std::vector<std::uint32_t>;
 
 class ProfileInfoTest : public ::testing::Test {
  protected:
@@ -29,25 +31,16 @@ class ProfileInfoTest : public ::testing::Test {
     return profile_.ReadProfile(folder_.Write("profile.cps", text).c_str(), kJapanese);
   }
 
-  // One value more than the query may write.
-  std::array<std::uint32_t, 8> Trays() {
-    std::array<std::uint32_t, 8> list;
-    list.fill(kUntouched);
-    EXPECT_EQ(profile_.GetTrayConfig(list.data(), 7), 1);
+  // With one value more than the query may write.
+  template <class Query>
+  List Ask(Query query, int count, std::size_t size) {
+    List list(size + 1, kUntouched);
+    EXPECT_EQ((profile_.*query)(list.data(), count), 1);
     return list;
   }
-  std::array<std::uint32_t, 7> Outputs() {
-    std::array<std::uint32_t, 7> list;
-    list.fill(kUntouched);
-    EXPECT_EQ(profile_.GetOutputConfig(list.data(), 5), 1);
-    return list;
-  }
-  std::array<std::uint32_t, 4> Punches(int count) {
-    std::array<std::uint32_t, 4> list;
-    list.fill(kUntouched);
-    EXPECT_EQ(profile_.GetPunchConfig(list.data(), count), 1);
-    return list;
-  }
+  List Trays() { return Ask(&CProfileInfo::GetTrayConfig, 7, 7); }
+  List Outputs() { return Ask(&CProfileInfo::GetOutputConfig, 5, 6); }
+  List Punches(int count) { return Ask(&CProfileInfo::GetPunchConfig, count, 3); }
 
   void ExpectEverythingInstalled() {
     for (int i = 0; i < CProfileInfo::kItemCount; ++i) {
@@ -65,15 +58,12 @@ class ProfileInfoTest : public ::testing::Test {
   CProfileInfo profile_;
 };
 
-TEST_F(ProfileInfoTest, MissingFilesCountAsEverythingInstalled) {
-  EXPECT_TRUE(Read("Watermark1=x\n"));
-  EXPECT_FALSE(profile_.ReadProfile((folder_.Path() + "/none.cps").c_str(), kJapanese));
-  ExpectEverythingInstalled();
-}
-
-TEST_F(ProfileInfoTest, FoldersCountAsMissingFiles) {
-  EXPECT_FALSE(profile_.ReadProfile(folder_.Path().c_str(), kJapanese));
-  ExpectEverythingInstalled();
+TEST_F(ProfileInfoTest, MissingFilesAndFoldersCountAsEverythingInstalled) {
+  for (const char* name : {"/none.cps", ""}) {
+    EXPECT_TRUE(Read("Watermark1=x\n"));
+    EXPECT_FALSE(profile_.ReadProfile((folder_.Path() + name).c_str(), kJapanese));
+    ExpectEverythingInstalled();
+  }
 }
 
 TEST_F(ProfileInfoTest, ReadingTwiceForgetsTheFirstFile) {
@@ -87,25 +77,12 @@ TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
   (void)folder_.Write("device.cps", "HasOption_InputSlot=Tray1\n");
   // The second bytes of these characters are a backslash's.
   (void)folder_.Write("\x83\x5C\xE0\x5Cx.cps", "HasOption_InputSlot=Tray1\n");
-  const struct {
-    const char* name;
-    bool read;
-  } rows[] = {
-      {"device", true},
-      {"device.cps", true},
-      {"device.txt", true},
-      {"C:\\x.y\\device", true},
-      {"C:device.v1", true},
-      {"../other/device", true},
-      {"device.v1.cps", false},
-      {"devic", false},
-      {"", false},
-      {"device\\", false},
-      {"\x83\x5C\xE0\x5Cx", true},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(profile_.UpdateProfile(folder_.Path().c_str(), row.name, kJapanese), row.read)
-        << row.name;
+  for (const char* name : {"device", "device.cps", "device.txt", "C:\\x.y\\device", "C:device.v1",
+                           "../other/device", "\x83\x5C\xE0\x5Cx"}) {
+    EXPECT_TRUE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
+  }
+  for (const char* name : {"device.v1.cps", "devic", "", "device\\"}) {
+    EXPECT_FALSE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
   }
 }
 

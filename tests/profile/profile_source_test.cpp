@@ -25,7 +25,6 @@ class ProfileSourceTest : public ::testing::Test {
     std::fclose(file);
     written_.push_back(path);
   }
-
   ~ProfileSourceTest() override {
     for (const std::string& path : written_) {
       std::remove(path.c_str());
