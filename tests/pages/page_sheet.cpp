@@ -1,5 +1,7 @@
 #include "page_sheet.h"
 
+#include <commctrl.h>
+
 #include "pages/pages.h"
 #include "platform/resources.h"
 #include "session/keyword_table.h"
@@ -27,6 +29,20 @@ LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM
   PageSheetTest::results.push_back({static_cast<LPARAM>(function), first, second});
   return 1;
 }
+
+// What the core driver's process does: the common controls are there, and the plug-in knows its
+// module; here that is the test program, which carries the same resources.
+class Process : public testing::Environment {
+ public:
+  void SetUp() override {
+    const INITCOMMONCONTROLSEX classes{sizeof classes,
+                                       ICC_USEREX_CLASSES | ICC_UPDOWN_CLASS | ICC_TAB_CLASSES};
+    ASSERT_TRUE(::InitCommonControlsEx(&classes));
+    SetModuleInstance(::GetModuleHandleA(nullptr));
+  }
+};
+
+const auto* const g_process = testing::AddGlobalTestEnvironment(new Process);
 
 }  // namespace
 

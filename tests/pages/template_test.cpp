@@ -296,11 +296,8 @@ TEST_P(TemplateTest, EveryInputIsReachedByTheKeyboard) {
   }
 }
 
-std::string TemplateName(const testing::TestParamInfo<Template>& info) {
-  return "Template" + std::to_string(info.param.id);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, TemplateTest, testing::ValuesIn(kTemplates), &TemplateName);
+INSTANTIATE_TEST_SUITE_P(All, TemplateTest, testing::ValuesIn(kTemplates),
+                         testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace zn::test

@@ -7,11 +7,13 @@
 #include <array>
 #include <climits>
 #include <clocale>
+#include <filesystem>
+#include <fstream>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "platform/trace.h"
-#include "tests/profile/profile_file.h"
 #include "tests/profile/reference_walk.h"
 
 namespace zn {
@@ -24,6 +26,34 @@ using ::testing::StartsWith;
 constexpr unsigned kJapanese = 932;
 constexpr std::uint32_t kUntouched = 0xEEEEEEEE;
 using List = std::vector<std::uint32_t>;
+
+// A folder for profile files, removed with them.
+class ProfileFolder {
+ public:
+  ProfileFolder()
+      : folder_(std::filesystem::temp_directory_path() /
+                ("zn_profile_" + std::to_string(std::random_device{}()))) {
+    std::filesystem::create_directory(folder_);
+  }
+  ~ProfileFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  ProfileFolder(const ProfileFolder&) = delete;
+  ProfileFolder& operator=(const ProfileFolder&) = delete;
+
+  [[nodiscard]] std::string Path() const { return folder_.string(); }
+
+  // The path of the written file.
+  [[nodiscard]] std::string Write(std::string_view fileName, std::string_view text) const {
+    const std::filesystem::path path = folder_ / fileName;
+    std::ofstream(path, std::ios::binary).write(text.data(), std::ssize(text));
+    return path.string();
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
 
 class ProfileInfoTest : public ::testing::Test {
  protected:
@@ -54,7 +84,7 @@ class ProfileInfoTest : public ::testing::Test {
     EXPECT_EQ(text, "");
   }
 
-  test::ProfileFolder folder_;
+  ProfileFolder folder_;
   CProfileInfo profile_;
 };
 
@@ -119,32 +149,39 @@ TEST_F(ProfileInfoTest, LongLinesAreTakenUpToTheirBound) {
   EXPECT_THAT(Punches(2), ElementsAre(1, 0, kUntouched, kUntouched));
 }
 
-TEST_F(ProfileInfoTest, TraysAnswerInTheOrderOfTheSourceList) {
-  EXPECT_TRUE(
-      Read("HasOption_InputSlot=Tray2\nHasOption_InputSlot=Tray4\n"
-           "HasOption_InputSlot=Tray8\nHasOption_InputSlot=Manual\n"));
-  EXPECT_THAT(Trays(), ElementsAre(1, 0, 1, 0, 0, 0, 1, kUntouched));
-  EXPECT_TRUE(Read("HasOption_InputSlot=Tray1 Tray6\n"));
-  EXPECT_THAT(Trays(), ElementsAre(1, 1, 0, 0, 1, 0, 0, kUntouched));
-  EXPECT_TRUE(Read("HasOption_InputSlot=Tray3 Tray7\n"));
-  EXPECT_THAT(Trays(), ElementsAre(1, 0, 0, 1, 0, 1, 0, kUntouched));
-}
-
-TEST_F(ProfileInfoTest, OutputsFollowStackersAndEitherFinisher) {
-  EXPECT_TRUE(Read("HasOption_DFinisher=true\n"));
-  EXPECT_THAT(Outputs(), ElementsAre(1, 0, 0, 1, 1, 0, kUntouched));
-  EXPECT_TRUE(Read("HasOption_CFinisher=true\nHasOption_OutputTray_StackerTray=true\n"));
-  EXPECT_THAT(Outputs(), ElementsAre(1, 1, 0, 1, 1, 0, kUntouched));
-  EXPECT_TRUE(Read("HasOption_AFinisher=true\nHasOption_OutputTray_StackerTopTray=true\n"));
-  EXPECT_THAT(Outputs(), ElementsAre(1, 0, 1, 0, 0, 0, kUntouched));
-}
-
-TEST_F(ProfileInfoTest, PunchAnswersAsManyAsAsked) {
-  EXPECT_TRUE(Read("HasOption_ZNPunch=true\n"));
-  EXPECT_THAT(Punches(1), ElementsAre(1, kUntouched, kUntouched, kUntouched));
-  EXPECT_THAT(Punches(3), ElementsAre(1, 1, 1, kUntouched));
-  EXPECT_TRUE(Read("HasOption_ZNFold=true\n"));
-  EXPECT_THAT(Punches(3), ElementsAre(1, 0, 0, kUntouched));
+TEST_F(ProfileInfoTest, ListsAnswerInTheirOrder) {
+  const struct {
+    const char* text;
+    List trays, outputs, punches;  // the outputs follow stackers and either finisher
+  } rows[] = {
+      {"HasOption_InputSlot=Tray2\nHasOption_InputSlot=Tray4\n"
+       "HasOption_InputSlot=Tray8\nHasOption_InputSlot=Manual\nHasOption_DFinisher=true\n",
+       {1, 0, 1, 0, 0, 0, 1},
+       {1, 0, 0, 1, 1, 0},
+       {1, 0, 0}},
+      {"HasOption_InputSlot=Tray1 Tray6\nHasOption_ZNPunch=true\n"
+       "HasOption_CFinisher=true\nHasOption_OutputTray_StackerTray=true\n",
+       {1, 1, 0, 0, 1, 0, 0},
+       {1, 1, 0, 1, 1, 0},
+       {1, 1, 1}},
+      {"HasOption_InputSlot=Tray3 Tray7\nHasOption_ZNFold=true\n"
+       "HasOption_AFinisher=true\nHasOption_OutputTray_StackerTopTray=true\n",
+       {1, 0, 0, 1, 0, 1, 0},
+       {1, 0, 1, 0, 0, 0},
+       {1, 0, 0}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_TRUE(Read(row.text));
+    for (const auto& [answered, wanted] :
+         {std::pair(Trays(), row.trays), std::pair(Outputs(), row.outputs),
+          std::pair(Punches(3), row.punches)}) {
+      List bounded = wanted;
+      bounded.push_back(kUntouched);
+      EXPECT_EQ(answered, bounded);
+    }
+    EXPECT_THAT(Punches(1), ElementsAre(1, kUntouched, kUntouched, kUntouched));
+  }
 }
 
 TEST_F(ProfileInfoTest, TextsBeyondTheirListAreTheItemsThatFollow) {
