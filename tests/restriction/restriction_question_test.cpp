@@ -6,14 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstring>
 #include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "iat_patch.h"
+#include "fake_driver_path.h"
 #include "platform/resources.h"
 
 namespace zn {
@@ -39,23 +38,6 @@ int WINAPI FakeMessageBox(HWND, LPCSTR text, LPCSTR caption, UINT type) {
   const int answer = answers.front();
   answers.pop_front();
   return answer;
-}
-
-BOOL WINAPI FakeGetPrinterDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD needed) {
-  struct Answer {
-    DRIVER_INFO_2A info;
-    char path[16];
-  };
-  *needed = sizeof(Answer);
-  if (size < sizeof(Answer)) {
-    ::SetLastError(ERROR_INSUFFICIENT_BUFFER);
-    return FALSE;
-  }
-  auto* answer = reinterpret_cast<Answer*>(memory);
-  answer->info = {};
-  std::strcpy(answer->path, "C:\\d\\driver.dll");
-  answer->info.pDriverPath = answer->path;
-  return TRUE;
 }
 
 HMODULE WINAPI FakeLoadLibrary(LPCSTR path) {
@@ -105,6 +87,7 @@ class RestrictionQuestionTest : public ::testing::Test {
  protected:
   RestrictionQuestionTest() {
     SetModuleInstance(self_);
+    test::FakeDriverPath::path = "C:\\d\\driver.dll";
     boxes.clear();
     answers.clear();
     companionInstalled = true;
@@ -125,7 +108,7 @@ class RestrictionQuestionTest : public ::testing::Test {
  private:
   HMODULE self_ = ::GetModuleHandleA(nullptr);
   test::ImportPatch box_{self_, "MessageBoxA", &FakeMessageBox};
-  test::ImportPatch driver_{self_, "GetPrinterDriverA", &FakeGetPrinterDriver};
+  test::FakeDriverPath driver_;
   test::ImportPatch load_{self_, "LoadLibraryA", &FakeLoadLibrary};
   test::ImportPatch find_{self_, "GetProcAddress", &FakeGetProcAddress};
 };
