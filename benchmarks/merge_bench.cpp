@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "companion/texts.h"
 #include "companion/unattended.h"
 #include "ddb/tag_table.h"
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 namespace zn::companion {
 namespace {

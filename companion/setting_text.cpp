@@ -5,7 +5,7 @@
 
 #include "companion/texts.h"
 #include "favorites/settings_mapping.h"
-#include "session/keyword_ids.h"
+#include "keywords/keyword_ids.h"
 
 namespace zn::companion {
 namespace {

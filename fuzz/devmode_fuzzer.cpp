@@ -6,7 +6,7 @@
 #include <cstring>
 #include <memory>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 #include "tests/devmode/reference_merge.h"
 
 namespace {

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "companion/call_counter.h"
-#include "host/document_sheet.h"
-#include "host/host_ids.h"
-#include "host/queue.h"
-#include "host/resource_usage.h"
-#include "host/stopwatch.h"
+#include "host/base/host_ids.h"
+#include "host/base/resource_usage.h"
+#include "host/base/stopwatch.h"
+#include "host/driver/document_sheet.h"
+#include "host/driver/queue.h"
 #include "host/verbs.h"
 #include "res/resource_ids.h"
 
@@ -52,7 +52,7 @@ struct Round {
   LONG roundLoads;  // with every page visited
 };
 
-Round RunRound(PlugIn& plugIn, const Queue& queue, const FullDevMode& start,
+Round RunRound(PlugIn& plugIn, const Queue& queue, const QueueDevMode& start,
                const CallCounter& calls) {
   const LONG before = calls[Call::Load];
   DocumentSheet sheet(plugIn, queue, start);
@@ -122,7 +122,7 @@ int RunSoak(Words words) {
   ::SetCurrentDirectoryA("C:\\");
   const Queue queue(parsed.queue);
   PlugIn plugIn(queue.PlugInPath());
-  const FullDevMode start = DocumentSheet::StartDevMode(plugIn, queue);
+  const QueueDevMode start = DocumentSheet::StartDevMode(plugIn, queue);
   const CallCounter calls;
 
   std::vector<double> openings;

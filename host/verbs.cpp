@@ -10,14 +10,14 @@
 #include <functional>
 #include <optional>
 
-#include "host/device_sheet.h"
-#include "host/dialog_pictures.h"
-#include "host/document_sheet.h"
-#include "host/files.h"
-#include "host/plug_in.h"
-#include "host/queue.h"
-#include "host/report.h"
-#include "host/screenshot.h"
+#include "host/base/files.h"
+#include "host/driver/device_sheet.h"
+#include "host/driver/document_sheet.h"
+#include "host/driver/plug_in.h"
+#include "host/driver/queue.h"
+#include "host/driver/report.h"
+#include "host/window/dialog_pictures.h"
+#include "host/window/screenshot.h"
 #include "res/resource_ids.h"
 
 namespace zn::host {
@@ -102,7 +102,7 @@ void EnterDriverDrive(SheetWords& words) {
   ::SetCurrentDirectoryA("C:\\");
 }
 
-std::optional<FullDevMode> ReadDevModeFile(const std::string& path) {
+std::optional<QueueDevMode> ReadDevModeFile(const std::string& path) {
   if (path.empty()) {
     return std::nullopt;
   }
@@ -113,14 +113,14 @@ std::optional<FullDevMode> ReadDevModeFile(const std::string& path) {
   if (!bytes) {
     return std::nullopt;  // the first use writes it
   }
-  auto devMode = FullDevMode::FromBytes(*bytes);
+  auto devMode = QueueDevMode::FromBytes(*bytes);
   if (!devMode) {
     throw HostError("not a DEVMODE of this host: " + path);
   }
   return devMode;
 }
 
-void Keep(const Queue& queue, const std::string& file, FullDevMode& devMode) {
+void Keep(const Queue& queue, const std::string& file, QueueDevMode& devMode) {
   if (file.empty()) {
     queue.Store(devMode);
     std::printf("stored: %s\n", queue.Name().c_str());
@@ -139,7 +139,7 @@ int RunInstall(Words words) {
   const Queue queue(parsed.queue);
   const PlugIn plugIn(queue.PlugInPath());
   // The spooler's own default lacks the plug-in's block; a stored full DEVMODE stays.
-  FullDevMode devMode = DocumentSheet::StartDevMode(plugIn, queue);
+  QueueDevMode devMode = DocumentSheet::StartDevMode(plugIn, queue);
   queue.Store(devMode);
   std::printf("installed: %s (%s)\n", parsed.queue.c_str(), kSampleDriver);
   return 0;
@@ -151,7 +151,8 @@ int RunPrefs(Words words) {
   const Queue queue(parsed.queue);
   PlugIn plugIn(queue.PlugInPath());
   const auto stored = ReadDevModeFile(parsed.devMode);
-  const FullDevMode start = DocumentSheet::StartDevMode(plugIn, queue, stored ? &*stored : nullptr);
+  const QueueDevMode start =
+      DocumentSheet::StartDevMode(plugIn, queue, stored ? &*stored : nullptr);
   DocumentSheet sheet(plugIn, queue, start);
   sheet.Open();
   if (parsed.shots.empty()) {
@@ -159,7 +160,7 @@ int RunPrefs(Words words) {
   } else {
     TakePictures(sheet.Sheet(), parsed.shots, "prefs", kPreferencesDialogs);
   }
-  FullDevMode kept = sheet.Finish();
+  QueueDevMode kept = sheet.Finish();
   std::fputs(SheetReport(sheet, plugIn.Helper(), kept).c_str(), stdout);
   Keep(queue, parsed.devMode, kept);
   return sheet.Faults().empty() ? 0 : 1;

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/host_error.h"
-#include "host/queue.h"
+#include "host/base/host_error.h"
+#include "host/driver/queue.h"
 
 namespace zn::host {
 

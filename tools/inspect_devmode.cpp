@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 #include "tools/commands.h"
 
 namespace zn::inspect {

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "tools/commands.h"
 
 namespace zn::inspect {

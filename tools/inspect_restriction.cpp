@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "session/restriction.h"
 #include "tools/commands.h"
 

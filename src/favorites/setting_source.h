@@ -7,9 +7,9 @@
 #include <optional>
 #include <string_view>
 
+#include "devmode/devmode.h"
 #include "favorites/favorite_file.h"
 #include "favorites/settings_mapping.h"
-#include "oemps/devmode.h"
 #include "session/option_selection.h"
 
 namespace zn {

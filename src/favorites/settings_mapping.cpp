@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "devmode/devmode.h"
 #include "favorites/settings_table.h"
-#include "oemps/devmode.h"
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 namespace zn {
 namespace {

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "bridge/companion.h"
-#include "favorites/print_option_setting.h"
 #include "pages/commondlg.h"
+#include "pages/print_option_setting.h"
+#include "pages/profile_source.h"
 #include "pages/pspage.h"
 #include "platform/resources.h"
-#include "profile/profile_source.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 namespace zn {
 namespace {

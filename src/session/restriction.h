@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdint>
 
-#include "session/keyword_ids.h"
+#include "keywords/keyword_ids.h"
 
 namespace zn::restriction {
 

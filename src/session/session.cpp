@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "keywords/keyword_table.h"
 #include "platform/trace.h"
 #include "session/job_values.h"
-#include "session/keyword_table.h"
 #include "session/session_tables.h"
 
 namespace zn {

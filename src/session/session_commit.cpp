@@ -1,8 +1,8 @@
 // Commit of the session: the selections go back to the core driver's items, its private part and
 // the settings block.
+#include "keywords/keyword_table.h"
 #include "platform/full_devmode.h"
 #include "session/job_values.h"
-#include "session/keyword_table.h"
 #include "session/session.h"
 #include "session/session_tables.h"
 

@@ -4,13 +4,13 @@
 #include <array>
 #include <string_view>
 
+#include "keywords/keyword_table.h"
 #include "platform/full_devmode.h"
 #include "platform/spooler.h"
 #include "platform/trace.h"
 #include "session/binding.h"
 #include "session/forms.h"
 #include "session/job_values.h"
-#include "session/keyword_table.h"
 #include "session/session.h"
 #include "session/session_tables.h"
 #include "session/stored_settings.h"

@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
+#include "keywords/keyword_ids.h"
 #include "platform/driver_private_devmode.h"
-#include "session/keyword_ids.h"
 
 namespace zn {
 

@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "oemps/devmode.h"
-#include "session/keyword_ids.h"
+#include "devmode/devmode.h"
+#include "keywords/keyword_ids.h"
 #include "session/option_selection.h"
 
 namespace zn {

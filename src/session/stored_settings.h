@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 #include "platform/spooler.h"
 
 namespace zn {

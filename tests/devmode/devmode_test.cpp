@@ -1,5 +1,5 @@
 // Defaults, copying, texts and private ids of the settings block.
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 #include "tests/devmode/reference_merge.h"
 
 namespace zn::test {

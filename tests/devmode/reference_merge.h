@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 
 namespace zn::test {
 

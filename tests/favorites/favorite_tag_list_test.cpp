@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "devmode/devmode.h"
 #include "favorites/favorite_file.h"
 #include "favorites/item_line.h"
 #include "favorites/settings_mapping.h"
-#include "oemps/devmode.h"
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 namespace zn {
 namespace {

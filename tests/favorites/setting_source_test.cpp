@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ddb/extended_option.h"
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "tests/favorites/settings_test_sheet.h"
 
 namespace zn {

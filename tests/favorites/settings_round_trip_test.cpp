@@ -7,7 +7,7 @@
 
 #include "favorites/favorite_file.h"
 #include "favorites/setting_source.h"
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "tests/favorites/settings_test_sheet.h"
 #include "tests/support/temp_folder.h"
 

@@ -10,7 +10,7 @@
 
 #include "fake_driver_path.h"
 #include "favorites/favorite_folders.h"
-#include "favorites/print_option_setting.h"
+#include "pages/print_option_setting.h"
 #include "platform/resources.h"
 #include "tests/session/sheet_fixture.h"
 #include "tests/support/temp_folder.h"

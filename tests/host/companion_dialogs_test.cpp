@@ -5,9 +5,9 @@
 
 #include "companion/companion_ids.h"
 #include "ddb/password.h"
-#include "host/device_sheet.h"
-#include "host/report.h"
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
+#include "host/driver/device_sheet.h"
+#include "host/driver/report.h"
 #include "platform/handles.h"
 #include "res/resource_ids.h"
 #include "tests/host/dialog_driver.h"
@@ -186,10 +186,10 @@ TEST_F(AuthenticationDialogTest, JobsToASharedPrinterCarryTheEnteredData) {
     const Unattended answer("ok;method=2;name=Yamada;password=secret;account=42");
     PressButton(true);
   }
-  const host::FullDevMode before = Defaults();
+  const host::QueueDevMode before = Defaults();
   const ImportPatch spooler(plugIn_->Module(), "GetPrinterA", &GetPrinterOfAServer);
   g_getPrinter = spooler.Original<std::remove_pointer_t<decltype(g_getPrinter)>>();
-  const host::FullDevMode job = DocumentSheet::StartDevMode(*plugIn_, *queue_, &before);
+  const host::QueueDevMode job = DocumentSheet::StartDevMode(*plugIn_, *queue_, &before);
   const CDevMode& block = job.Private().block;
   EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), 2u);
   EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), 1u);

@@ -5,8 +5,8 @@
 #include "bridge/companion.h"
 #include "companion/companion_ids.h"
 #include "ddb/print_option.h"
+#include "keywords/keyword_ids.h"
 #include "platform/resources.h"
-#include "session/keyword_ids.h"
 #include "tests/host/dialog_driver.h"
 #include "tests/host/host_fixture.h"
 

@@ -7,7 +7,7 @@
 #include <array>
 #include <sstream>
 
-#include "host/files.h"
+#include "host/base/files.h"
 #include "platform/handles.h"
 
 namespace zn::test {
@@ -36,9 +36,9 @@ HostTest::HostTest()
 
 HostTest::~HostTest() = default;
 
-host::FullDevMode HostTest::Defaults() const {
+host::QueueDevMode HostTest::Defaults() const {
   // Merged once, so that the block's repaired defaults are not a change of the sheet.
-  host::FullDevMode defaults(queue_->WideName());
+  host::QueueDevMode defaults(queue_->WideName());
   host::OptionItems::SetDefaults(queue_->Description(), defaults);
   plugIn_->FillBlock(queue_->Handle(), defaults, nullptr);
   return host::DocumentSheet::StartDevMode(*plugIn_, *queue_, &defaults);

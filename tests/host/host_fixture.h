@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "gmock/gmock.h"
-#include "host/document_sheet.h"
-#include "host/plug_in.h"
-#include "host/queue.h"
+#include "host/driver/document_sheet.h"
+#include "host/driver/plug_in.h"
+#include "host/driver/queue.h"
 
 namespace zn::test {
 
@@ -27,7 +27,7 @@ class HostTest : public ::testing::Test {
   HostTest();
   ~HostTest() override;
 
-  [[nodiscard]] host::FullDevMode Defaults() const;
+  [[nodiscard]] host::QueueDevMode Defaults() const;
 
   std::unique_ptr<host::Queue> queue_;
   std::unique_ptr<host::PlugIn> plugIn_;

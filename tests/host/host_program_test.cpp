@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "host/files.h"
+#include "host/base/files.h"
 #include "res/resource_ids.h"
 #include "tests/host/host_fixture.h"
 

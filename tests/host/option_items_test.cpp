@@ -1,16 +1,16 @@
-#include "host/option_items.h"
+#include "host/driver/option_items.h"
 
 #include <cstring>
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "tests/host/host_fixture.h"
 
 namespace zn::test {
 namespace {
 
-using host::FullDevMode;
 using host::OptionChange;
 using host::OptionItems;
+using host::QueueDevMode;
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::Field;
@@ -28,7 +28,7 @@ class OptionItemsTest : public HostTest {
 };
 
 TEST_F(OptionItemsTest, KeywordItemsStandLastAtLevelTwo) {
-  const FullDevMode defaults = Defaults();
+  const QueueDevMode defaults = Defaults();
   OptionItems items(queue_->Description(), defaults);
   KeywordId id = KW_FIRST_STANDARD;
   const OPTITEM* item = items.Data() + items.Count();
@@ -43,7 +43,7 @@ TEST_F(OptionItemsTest, KeywordItemsStandLastAtLevelTwo) {
 }
 
 TEST_F(OptionItemsTest, ChangesAreToldOnceAndStored) {
-  FullDevMode devmode = Defaults();
+  QueueDevMode devmode = Defaults();
   OptionItems items(queue_->Description(), devmode);
   EXPECT_THAT(items.ChangesSince(devmode), IsEmpty());
   items.Find("%Copies")->Sel = 12;
@@ -54,7 +54,7 @@ TEST_F(OptionItemsTest, ChangesAreToldOnceAndStored) {
       ElementsAre(Change("%Copies", "1", "12"), Change("Duplex", "None", "DuplexTumble"),
                   Change("Collate", "False", "True"), Change("ZNFold", "Option0", "Option1"));
   EXPECT_THAT(items.ChangesSince(devmode), changes);
-  const FullDevMode before = devmode;
+  const QueueDevMode before = devmode;
   items.StoreTo(devmode);
   EXPECT_EQ(devmode.Public().dmCopies, 12);
   EXPECT_EQ(devmode.Public().dmCollate, DMCOLLATE_TRUE);
@@ -63,17 +63,17 @@ TEST_F(OptionItemsTest, ChangesAreToldOnceAndStored) {
 }
 
 TEST_F(OptionItemsTest, ForeignDevModesAreRefused) {
-  const FullDevMode devmode = Defaults();
+  const QueueDevMode devmode = Defaults();
   const std::string bytes(devmode.Bytes());
-  EXPECT_TRUE(FullDevMode::FromBytes(bytes));
-  EXPECT_FALSE(FullDevMode::FromBytes(bytes.substr(1)));
-  EXPECT_FALSE(FullDevMode::FromBytes(bytes + '\0'));
-  EXPECT_FALSE(FullDevMode::FromBytes(""));
+  EXPECT_TRUE(QueueDevMode::FromBytes(bytes));
+  EXPECT_FALSE(QueueDevMode::FromBytes(bytes.substr(1)));
+  EXPECT_FALSE(QueueDevMode::FromBytes(bytes + '\0'));
+  EXPECT_FALSE(QueueDevMode::FromBytes(""));
   for (const std::size_t at : {offsetof(DEVMODEW, dmSize), offsetof(DEVMODEW, dmDriverExtra),
                                sizeof(DEVMODEW) + offsetof(host::PrivatePart, items)}) {
     std::string damaged = bytes;
     damaged[at] = static_cast<char>(damaged[at] + 1);
-    EXPECT_FALSE(FullDevMode::FromBytes(damaged)) << at;
+    EXPECT_FALSE(QueueDevMode::FromBytes(damaged)) << at;
   }
 }
 

@@ -1,9 +1,9 @@
 // The printing preferences from control to core driver and settings block, on the shipped DLL.
-#include "host/host_ids.h"
-#include "host/report.h"
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
+#include "host/base/host_ids.h"
+#include "host/driver/report.h"
+#include "keywords/keyword_ids.h"
 #include "res/resource_ids.h"
-#include "session/keyword_ids.h"
 #include "tests/host/host_fixture.h"
 #include "tests/support/iat_patch.h"
 
@@ -11,7 +11,7 @@ namespace zn::test {
 namespace {
 
 using host::DocumentSheet;
-using host::FullDevMode;
+using host::QueueDevMode;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
@@ -22,7 +22,7 @@ constexpr int kGray = 1;                                             // of the c
 class PreferencesTest : public HostTest {
  protected:
   // Starts a sheet; it is shown when it has pages.
-  std::unique_ptr<DocumentSheet> Open(const FullDevMode& start,
+  std::unique_ptr<DocumentSheet> Open(const QueueDevMode& start,
                                       const host::DocumentSheetOptions& options = {}) {
     auto sheet = std::make_unique<DocumentSheet>(*plugIn_, *queue_, start, options);
     if (sheet->Sheet().PageCount() > 0) {
@@ -39,7 +39,7 @@ class PreferencesTest : public HostTest {
     Enter(page, IDC_JOB_NAME, kJobNameText);
   }
 
-  std::string Report(DocumentSheet& sheet, const FullDevMode& kept) {
+  std::string Report(DocumentSheet& sheet, const QueueDevMode& kept) {
     return host::SheetReport(sheet, plugIn_->Helper(), kept);
   }
 };
@@ -51,7 +51,7 @@ TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
   sheet->Sheet().PressOk();
   EXPECT_TRUE(sheet->Sheet().EndedWithOk());
   EXPECT_EQ(sheet->Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
-  FullDevMode kept = sheet->Finish();
+  QueueDevMode kept = sheet->Finish();
   const std::string report = Report(*sheet, kept);
   const auto options =
       UnorderedElementsAre("ColorModel: CMYK -> Gray", "ZNPrinterMode: Option0 -> Option2",
@@ -90,7 +90,7 @@ TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
 }
 
 TEST_F(PreferencesTest, CancelKeepsWhatTheLastApplyLeft) {
-  const FullDevMode start = Defaults();
+  const QueueDevMode start = Defaults();
   for (const bool apply : {false, true}) {
     const auto sheet = Open(start);
     HWND page = sheet->Sheet().ShowPage(kJobPage);

@@ -1,4 +1,4 @@
-#include "host/printer_description.h"
+#include "host/driver/printer_description.h"
 
 #include "gmock/gmock.h"
 

@@ -1,5 +1,5 @@
 // The property-sheet UI through its published callback.
-#include "host/property_sheet.h"
+#include "host/window/property_sheet.h"
 
 #include "gmock/gmock.h"
 

@@ -1,4 +1,4 @@
-#include "host/resource_usage.h"
+#include "host/base/resource_usage.h"
 
 #include <windows.h>
 
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "gmock/gmock.h"
-#include "host/files.h"
+#include "host/base/files.h"
 #include "platform/handles.h"
 
 namespace zn::test {

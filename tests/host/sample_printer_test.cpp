@@ -7,8 +7,8 @@
 #include <array>
 
 #include "bridge/companion.h"
+#include "keywords/keyword_table.h"
 #include "platform/resources.h"
-#include "session/keyword_table.h"
 #include "tests/host/host_fixture.h"
 
 namespace zn::test {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <random>
 
+#include "devmode/devmode.h"
 #include "iat_patch.h"
-#include "oemps/devmode.h"
 #include "test_queue.h"
 #include "tests/devmode/reference_merge.h"
 #include "tests/oemps/plugin_client.h"
@@ -21,7 +21,7 @@ constexpr char kPrinter[] = "\\\\server\\printer";
 constexpr char kUserInfo[] = "Software\\Zentrik\\ZN Print Driver Data\\printer{guid}\\UserInfo";
 
 // What the DLL is told of the printer.
-struct World {
+struct ToldPrinter {
   const char* server = kServer;
   const char* printer = kPrinter;
   DWORD attributes = kShared;
@@ -31,34 +31,33 @@ struct World {
   DWORD dataSizeRead = 0;
   DWORD dataStatus = ERROR_SUCCESS;
 };
-World g_world;
+ToldPrinter g_told;
 decltype(&::GetPrinterA) g_getPrinter;
 
-BOOL WINAPI GetPrinterOfTheWorld(HANDLE printer, DWORD level, BYTE* memory, DWORD size,
-                                 DWORD* need) {
-  if (g_world.fails && memory != nullptr) {
+BOOL WINAPI GetToldPrinter(HANDLE printer, DWORD level, BYTE* memory, DWORD size, DWORD* need) {
+  if (g_told.fails && memory != nullptr) {
     ::SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;
   }
   const BOOL told = g_getPrinter(printer, level, memory, size, need);
   if (told != FALSE && level == 2 && memory != nullptr) {
     auto* info = reinterpret_cast<PRINTER_INFO_2A*>(memory);
-    info->pServerName = const_cast<char*>(g_world.server);
-    info->pPrinterName = const_cast<char*>(g_world.printer);
-    info->Attributes = g_world.attributes;
+    info->pServerName = const_cast<char*>(g_told.server);
+    info->pPrinterName = const_cast<char*>(g_told.printer);
+    info->Attributes = g_told.attributes;
   }
   return told;
 }
 
-DWORD WINAPI PrinterDataOfTheWorld(HANDLE, const char*, const char*, DWORD*, BYTE* data, DWORD size,
-                                   DWORD* need) {
+DWORD WINAPI GetToldPrinterData(HANDLE, const char*, const char*, DWORD*, BYTE* data, DWORD size,
+                                DWORD* need) {
   if (data == nullptr || size == 0) {
-    *need = g_world.dataSizeTold;
+    *need = g_told.dataSizeTold;
     return *need == 0 ? ERROR_SUCCESS : ERROR_MORE_DATA;
   }
   *data = 5;
-  *need = g_world.dataSizeRead;
-  return g_world.dataStatus;
+  *need = g_told.dataSizeRead;
+  return g_told.dataStatus;
 }
 
 class MergeStep : public testing::Test {
@@ -66,9 +65,9 @@ class MergeStep : public testing::Test {
   static void SetUpTestSuite() { queue_ = std::make_unique<TestQueue>(); }
   static void TearDownTestSuite() { queue_.reset(); }
 
-  MergeStep() : getPrinter_(plugIn_.Module(), "GetPrinterA", &GetPrinterOfTheWorld) {
+  MergeStep() : getPrinter_(plugIn_.Module(), "GetPrinterA", &GetToldPrinter) {
     g_getPrinter = getPrinter_.Original<std::remove_pointer_t<decltype(g_getPrinter)>>();
-    g_world = {};
+    g_told = {};
     object_ = plugIn_.Object();
     source_.SetDefaults();
     destination_.SetDefaults();
@@ -159,9 +158,9 @@ TEST_F(MergeStep, OnlyANamedPrinterThatAServerSharesGetsTheUsersData) {
                          Row{"", kPrinter, PRINTER_ATTRIBUTE_NETWORK, Untouched(7)},
                          Row{kServer, nullptr, PRINTER_ATTRIBUTE_SHARED, Untouched(1)},
                          Row{kServer, "", PRINTER_ATTRIBUTE_SHARED, Untouched(1)}}) {
-    g_world.server = row.server;
-    g_world.printer = row.printer;
-    g_world.attributes = row.attributes;
+    g_told.server = row.server;
+    g_told.printer = row.printer;
+    g_told.attributes = row.attributes;
     destination_.SetDWord(devmode::kManagementMethod, 8);
     destination_.SetDWord(devmode::kOwnerNameSource, 9);
     EXPECT_EQ(Run(), S_OK);
@@ -198,16 +197,16 @@ TEST_F(MergeStep, MethodOfThePrinter) {
 }
 
 TEST_F(MergeStep, UnreadableMethodLeavesTheUsersDataOut) {
-  const ImportPatch data(plugIn_.Module(), "GetPrinterDataExA", &PrinterDataOfTheWorld);
+  const ImportPatch data(plugIn_.Module(), "GetPrinterDataExA", &GetToldPrinterData);
   StoreUserData("EnterName");
   struct Row {
     DWORD told, read, status;
   };
   for (const Row& row : {Row{0, 0, ERROR_SUCCESS}, Row{4, 0, ERROR_SUCCESS},
                          Row{4, 4, ERROR_FILE_NOT_FOUND}, Row{0x4000'0000, 4, ERROR_SUCCESS}}) {
-    g_world.dataSizeTold = row.told;
-    g_world.dataSizeRead = row.read;
-    g_world.dataStatus = row.status;
+    g_told.dataSizeTold = row.told;
+    g_told.dataSizeRead = row.read;
+    g_told.dataStatus = row.status;
     EXPECT_EQ(Run(), S_OK);
     EXPECT_EQ(Merged(), Untouched(1)) << row.told << " " << row.read;
   }
@@ -253,11 +252,11 @@ TEST_F(MergeStep, ValuesOfAllKindsAreCutToTheirFields) {
 TEST_F(MergeStep, UnreadablePrinterFailsAfterTheFieldsAreMerged) {
   source_.SetDWord(devmode::kTiffDpi, 1201);
   destination_.SetDWord(devmode::kTiffDpi, 5);
-  g_world.fails = true;
+  g_told.fails = true;
   EXPECT_EQ(Run(), E_FAIL);
   EXPECT_EQ(destination_.GetTiffDPI(), 600U);
   EXPECT_EQ(Merged(), Untouched(7));
-  g_world.fails = false;
+  g_told.fails = false;
   EXPECT_EQ(Run(nullptr), E_FAIL);
   EXPECT_EQ(Run(reinterpret_cast<HANDLE>(std::uintptr_t{0x7777})), E_FAIL);
 }

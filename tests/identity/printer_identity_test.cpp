@@ -1,5 +1,5 @@
 // The key name of a printer, at merge and at deletion.
-#include "oemps/printer_identity.h"
+#include "identity/printer_identity.h"
 
 #include <gtest/gtest.h>
 

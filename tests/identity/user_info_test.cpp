@@ -1,5 +1,5 @@
 // What the deletion of a printer removes.
-#include "oemps/user_info.h"
+#include "identity/user_info.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <cstring>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 #include "tests/inspector/inspector.h"
 
 namespace zn::test {

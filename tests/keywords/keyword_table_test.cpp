@@ -1,4 +1,4 @@
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,7 @@ constexpr WPARAM kButton = 1376;
 
 // The world of the button: whether the companion and its dialog are there, whether the printer
 // opens, and what they are asked.
-struct World {
+struct ButtonWorld {
   bool hasModule = true;
   bool hasDialog = true;
   bool printerOpens = true;
@@ -23,48 +23,48 @@ struct World {
   DWORD access = 0;
   int opened = 0, closed = 0, shown = 0, mayChange = -1;
 };
-World g_world;
+ButtonWorld g_button;
 int g_printer = 0;
 
 HMODULE WINAPI LoadInstead(const char* path) {
-  g_world.path = path;
-  return g_world.hasModule ? ::LoadLibraryA(ZN_TEST_MODULE) : nullptr;
+  g_button.path = path;
+  return g_button.hasModule ? ::LoadLibraryA(ZN_TEST_MODULE) : nullptr;
 }
 
 int ShowDialog(HANDLE printer, char* keyName, int mayChange) {
-  ++g_world.shown;
-  g_world.shownPrinter = printer;
-  g_world.keyName = keyName;
-  g_world.mayChange = mayChange;
-  EXPECT_EQ(g_world.closed, g_world.opened - 1);
+  ++g_button.shown;
+  g_button.shownPrinter = printer;
+  g_button.keyName = keyName;
+  g_button.mayChange = mayChange;
+  EXPECT_EQ(g_button.closed, g_button.opened - 1);
   return 0;
 }
 
 FARPROC WINAPI FindInstead(HMODULE module, const char* name) {
   EXPECT_EQ(module, ::GetModuleHandleA(ZN_TEST_MODULE));
   EXPECT_STREQ(name, "?OnAuthenticationManagerDlg@@YAHPEAXPEADH@Z");
-  return g_world.hasDialog ? reinterpret_cast<FARPROC>(&ShowDialog) : nullptr;
+  return g_button.hasDialog ? reinterpret_cast<FARPROC>(&ShowDialog) : nullptr;
 }
 
 BOOL WINAPI OpenInstead(char* name, HANDLE* printer, PRINTER_DEFAULTSA* defaults) {
-  g_world.printerName = name;
-  g_world.access = defaults->DesiredAccess;
+  g_button.printerName = name;
+  g_button.access = defaults->DesiredAccess;
   EXPECT_EQ(defaults->pDatatype, nullptr);
   EXPECT_EQ(defaults->pDevMode, nullptr);
-  *printer = g_world.printerOpens ? &g_printer : nullptr;
-  g_world.opened += g_world.printerOpens ? 1 : 0;
-  return g_world.printerOpens ? TRUE : FALSE;
+  *printer = g_button.printerOpens ? &g_printer : nullptr;
+  g_button.opened += g_button.printerOpens ? 1 : 0;
+  return g_button.printerOpens ? TRUE : FALSE;
 }
 
 BOOL WINAPI CloseInstead(HANDLE printer) {
   EXPECT_EQ(printer, &g_printer);
-  ++g_world.closed;
+  ++g_button.closed;
   return TRUE;
 }
 
 class DeviceSheet : public testing::Test {
  protected:
-  DeviceSheet() { g_world = {}; }
+  DeviceSheet() { g_button = {}; }
 
   void Record(const wchar_t* printer) {
     OEMCUIPPARAM param{};
@@ -130,14 +130,14 @@ TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {
   registry_.SetText("Printers\\Connections\\,,server," + name, "GuidPrinter", "{1234}");
   Record(L"\\\\server\\複合機");
   EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(g_world.path, "\\Windows\\System32\\spool\\drivers\\x64\\3\\Zn55psu1ui2.dll");
-  EXPECT_EQ(g_world.printerName, "\\\\server\\" + name);
-  EXPECT_EQ(g_world.access, DWORD{PRINTER_ALL_ACCESS});
-  EXPECT_EQ(g_world.shown, 1);
-  EXPECT_EQ(g_world.shownPrinter, &g_printer);
-  EXPECT_EQ(g_world.keyName, name + "{1234}");
-  EXPECT_EQ(g_world.mayChange, 1);
-  EXPECT_EQ(g_world.closed, 1);
+  EXPECT_EQ(g_button.path, "\\Windows\\System32\\spool\\drivers\\x64\\3\\Zn55psu1ui2.dll");
+  EXPECT_EQ(g_button.printerName, "\\\\server\\" + name);
+  EXPECT_EQ(g_button.access, DWORD{PRINTER_ALL_ACCESS});
+  EXPECT_EQ(g_button.shown, 1);
+  EXPECT_EQ(g_button.shownPrinter, &g_printer);
+  EXPECT_EQ(g_button.keyName, name + "{1234}");
+  EXPECT_EQ(g_button.mayChange, 1);
+  EXPECT_EQ(g_button.closed, 1);
   EXPECT_FALSE(FreeCompanion());
 }
 
@@ -145,7 +145,7 @@ TEST_F(DeviceSheet, PermissionFollowsTheFlagsOfEachSheet) {
   Record(L"printer");
   for (const DWORD flags : {DPS_NOPERMISSION, DWORD{2}, DPS_NOPERMISSION | 4, DWORD{0}}) {
     EXPECT_EQ(Click(flags), 1);
-    EXPECT_EQ(g_world.mayChange, (flags & DPS_NOPERMISSION) != 0 ? 0 : 1) << flags;
+    EXPECT_EQ(g_button.mayChange, (flags & DPS_NOPERMISSION) != 0 ? 0 : 1) << flags;
   }
   FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
   sheet.info.lParamInit = 0;
@@ -165,13 +165,13 @@ TEST_F(DeviceSheet, WhatIsMissingDecidesTheAnswerAndWhetherTheModuleStays) {
                          Row{"full access", true, true, false, L"printer", 0, true},
                          Row{"recorded printer", true, true, true, nullptr, 0, true}}) {
     SCOPED_TRACE(row.missing);
-    g_world = {};
-    g_world.hasModule = row.hasModule;
-    g_world.hasDialog = row.hasDialog;
-    g_world.printerOpens = row.printerOpens;
+    g_button = {};
+    g_button.hasModule = row.hasModule;
+    g_button.hasDialog = row.hasDialog;
+    g_button.printerOpens = row.printerOpens;
     Record(row.printer);
     EXPECT_EQ(Click(), row.answer);
-    EXPECT_EQ(g_world.opened + g_world.closed + g_world.shown, 0);
+    EXPECT_EQ(g_button.opened + g_button.closed + g_button.shown, 0);
     EXPECT_EQ(FreeCompanion(), row.stays);
   }
 }
@@ -179,7 +179,7 @@ TEST_F(DeviceSheet, WhatIsMissingDecidesTheAnswerAndWhetherTheModuleStays) {
 TEST_F(DeviceSheet, LongPrinterNamesAreCutInTheKeyName) {
   Record(std::wstring(5000, L'p').c_str());
   EXPECT_EQ(Click(), 1);
-  EXPECT_EQ(g_world.keyName, std::string(1023, 'p'));
+  EXPECT_EQ(g_button.keyName, std::string(1023, 'p'));
 }
 
 TEST_F(DeviceSheet, OtherMessagesAreLeftAlone) {
@@ -188,7 +188,7 @@ TEST_F(DeviceSheet, OtherMessagesAreLeftAlone) {
   EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), 0);
   EXPECT_EQ(procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton, BN_DOUBLECLICKED), 0), 0);
   EXPECT_EQ(procedure(nullptr, WM_COMMAND, MAKEWPARAM(kButton + 1, BN_CLICKED), 0), 1);
-  EXPECT_EQ(g_world.path, "");
+  EXPECT_EQ(g_button.path, "");
 }
 
 }  // namespace

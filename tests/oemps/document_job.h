@@ -8,7 +8,7 @@
 
 #include <array>
 
-#include "oemps/devmode.h"
+#include "devmode/devmode.h"
 
 namespace zn::test {
 

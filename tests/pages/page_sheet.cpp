@@ -2,9 +2,9 @@
 
 #include <commctrl.h>
 
+#include "keywords/keyword_table.h"
 #include "pages/pages.h"
 #include "platform/resources.h"
-#include "session/keyword_table.h"
 #include "session/plugin_context.h"
 
 namespace zn::test {

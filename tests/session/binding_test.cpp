@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 #include "sheet_fixture.h"
 
 namespace zn::test {

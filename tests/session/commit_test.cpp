@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "keywords/keyword_table.h"
 #include "platform/spooler.h"
 #include "session/job_values.h"
-#include "session/keyword_table.h"
 #include "session/session.h"
 #include "sheet_fixture.h"
 #include "test_queue.h"
@@ -58,7 +58,7 @@ TEST_F(CommitTest, UnchangedSheetChangesNothing) {
        {devmode::kBookletSizeFlag, devmode::kRepeatSizeFlag, devmode::kImpositionSizeFlag}) {
     devMode_.block.SetDWord(flag, 0);  // follow from the selections
   }
-  const auto before = std::make_unique<FullDevMode>(devMode_);
+  const auto before = std::make_unique<StoredDevMode>(devMode_);
   Open();
   Session().CommitSession();
   EXPECT_TRUE(driver_.updates.empty());

@@ -3,8 +3,8 @@
 
 #include <set>
 
+#include "keywords/keyword_table.h"
 #include "session/binding.h"
-#include "session/keyword_table.h"
 #include "sheet_fixture.h"
 
 namespace zn::test {

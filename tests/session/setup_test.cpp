@@ -90,7 +90,7 @@ class SetupTest : public SheetTest {
   }
 
   static inline std::unique_ptr<TestQueue> queue_;
-  FullDevMode stored_;
+  StoredDevMode stored_;
 };
 
 TEST_F(SetupTest, TakesUserDataFromTheStoredSettings) {

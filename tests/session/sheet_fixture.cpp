@@ -1,6 +1,6 @@
 #include "sheet_fixture.h"
 
-#include "session/keyword_table.h"
+#include "keywords/keyword_table.h"
 
 namespace zn::test {
 
@@ -37,7 +37,7 @@ USERDATA& DriverItems::RecordOf(OPTITEM& item) {
   return *reinterpret_cast<USERDATA*>(item.UserData);
 }
 
-FullDevMode::FullDevMode() {
+StoredDevMode::StoredDevMode() {
   open.dmSize = sizeof open;
   open.dmSpecVersion = DM_SPECVERSION;
   open.dmDriverVersion = 0x0600;

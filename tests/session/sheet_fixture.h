@@ -83,17 +83,17 @@ class DriverItems {
   OPTTYPE twoStates_{};
 };
 
-struct FullDevMode {
+struct StoredDevMode {
   DEVMODEW open{};
   DriverPrivateDevMode driver{};
   CDevMode block{};
 
-  FullDevMode();
+  StoredDevMode();
   [[nodiscard]] std::span<const std::byte> Bytes() const {
     return std::as_bytes(std::span(this, 1));
   }
 };
-static_assert(sizeof(FullDevMode) ==
+static_assert(sizeof(StoredDevMode) ==
               sizeof(DEVMODEW) + sizeof(DriverPrivateDevMode) + kDevModeSize);
 
 // The core driver's private part with every value set.
@@ -116,7 +116,7 @@ class SheetTest : public testing::Test {
   [[nodiscard]] CSession Session() { return CSession(sheet_.get()); }
 
   DriverItems items_;
-  FullDevMode devMode_;
+  StoredDevMode devMode_;
   FakeDriverUI driver_;
   OEMUIOBJ driverObject_{};
   std::unique_ptr<SheetContext> sheet_ = std::make_unique<SheetContext>();

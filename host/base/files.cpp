@@ -1,0 +1,67 @@
+#include "host/base/files.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <memory>
+
+#include "platform/handles.h"
+
+namespace zn::host {
+namespace {
+using UniqueFile = Unique<FILE*, &std::fclose>;
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+  const UniqueFile file(std::fopen(path.c_str(), "rb"));
+  if (!file) {
+    return std::nullopt;
+  }
+  std::string bytes;
+  std::array<char, 4096> part;
+  while (const std::size_t count = std::fread(part.data(), 1, part.size(), file.get())) {
+    bytes.append(part.data(), count);
+  }
+  return std::ferror(file.get()) != 0 ? std::nullopt : std::optional(std::move(bytes));
+}
+
+bool WriteWholeFile(const std::string& path, std::string_view bytes) {
+  UniqueFile file(std::fopen(path.c_str(), "wb"));
+  return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+         std::fclose(file.release()) == 0;
+}
+
+std::string ProgramFolder() {
+  std::array<char, MAX_PATH> path{};
+  const DWORD length =
+      ::GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size() - 1));
+  const std::string program(path.data(), length);
+  return program.substr(0, program.rfind('\\') + 1);
+}
+
+std::string AbsolutePath(const std::string& path) {
+  std::array<char, MAX_PATH> full{};
+  const DWORD length =
+      ::GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+  return length > 0 && length < full.size() ? std::string(full.data(), length) : path;
+}
+
+std::wstring WideText(std::string_view text) {
+  std::wstring wide(text.size(), L'\0');
+  const int length = ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                           wide.data(), static_cast<int>(wide.size()));
+  wide.resize(static_cast<std::size_t>(length));
+  return wide;
+}
+
+std::string AnsiText(std::wstring_view text) {
+  std::string ansi(text.size() * 2, '\0');
+  const int length =
+      ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), ansi.data(),
+                            static_cast<int>(ansi.size()), nullptr, nullptr);
+  ansi.resize(static_cast<std::size_t>(length));
+  return ansi;
+}
+
+}  // namespace zn::host

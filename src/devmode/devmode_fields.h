@@ -1,0 +1,236 @@
+// The layout of the settings block: one row per field. Defaulting, copying, repairing, the private
+// ids and the inspector walk this table.
+#pragma once
+
+#include <array>
+
+#include "devmode/devmode.h"
+
+namespace zn::devmode {
+
+struct Range {
+  std::uint32_t low, high, fallback;
+};
+
+// An id under which the option session reaches the field, and how many bits it moves.
+struct Private {
+  std::uint16_t id;
+  std::uint8_t width;
+};
+inline constexpr Private kNoPrivate{0, 0};
+
+inline constexpr std::uint16_t kNumberSize = 4;
+
+constexpr DevModeField NumberRow(std::uint16_t offset, std::uint32_t defaultValue, Repair repair,
+                                 Range range, Private id, const char* name) {
+  return {.offset = offset,
+          .width = kNumberSize,
+          .kind = FieldKind::Number,
+          .repair = repair,
+          .hasDefault = true,
+          .privateWidth = id.width,
+          .copyBound = kNumberSize,
+          .privateId = id.id,
+          .defaultValue = defaultValue,
+          .low = range.low,
+          .high = range.high,
+          .fallback = range.fallback,
+          .name = name};
+}
+
+constexpr DevModeField Number(std::uint16_t offset, std::uint32_t defaultValue, Range range,
+                              Private id, const char* name) {
+  return NumberRow(offset, defaultValue, Repair::Range, range, id, name);
+}
+
+constexpr DevModeField Flag(std::uint16_t offset, Private id, const char* name) {
+  return NumberRow(offset, 0, Repair::Flag, {0, 1, 1}, id, name);
+}
+
+// Any value is good.
+constexpr DevModeField Free(std::uint16_t offset, Private id, const char* name) {
+  return NumberRow(offset, 0, Repair::None, {0, 0xFFFFFFFF, 0}, id, name);
+}
+
+// The block's header: written by defaulting, compared by copying.
+constexpr DevModeField HeaderNumber(std::uint16_t offset, std::uint32_t value, const char* name) {
+  DevModeField field = Free(offset, kNoPrivate, name);
+  field.kind = FieldKind::Header;
+  field.defaultValue = value;
+  field.copyBound = 0;
+  return field;
+}
+
+// The printer's authentication state, which belongs to the destination.
+constexpr DevModeField Uncopied(std::uint16_t offset, const char* name) {
+  DevModeField field = Free(offset, kNoPrivate, name);
+  field.copyBound = 0;
+  return field;
+}
+
+// Defaulting leaves it as it is: the core driver hands a zeroed buffer, so it reads 0.
+constexpr DevModeField Undefaulted(std::uint16_t offset, Range range, const char* name) {
+  DevModeField field = Number(offset, 0, range, kNoPrivate, name);
+  field.hasDefault = false;
+  return field;
+}
+
+constexpr DevModeField Text(std::uint16_t offset, std::uint16_t width, std::uint16_t copyBound,
+                            Repair repair, const char* name) {
+  DevModeField field = NumberRow(offset, 0, repair, {}, kNoPrivate, name);
+  field.width = width;
+  field.kind = FieldKind::Text;
+  field.copyBound = copyBound;
+  return field;
+}
+
+constexpr DevModeField ReservedBytes(std::uint16_t offset, std::uint16_t width) {
+  DevModeField field = Uncopied(offset, "reserved");
+  field.width = width;
+  field.kind = FieldKind::Reserved;
+  field.hasDefault = false;
+  return field;
+}
+
+// The choices of the device-supplied lists are named after their keyword. Those at 9244, 9248 and
+// 9320 default outside their range on purpose: 0 says that nothing was chosen, until the first
+// merge.
+// clang-format off
+inline constexpr std::array kFields{
+    HeaderNumber(0, kDevModeSize, "size of the block"),
+    HeaderNumber(4, kDevModeSignature, "signature"),
+    HeaderNumber(8, kDevModeVersion, "version"),
+    Flag(12, kNoPrivate, "flag"),
+    Flag(16, kNoPrivate, "flag"),
+    Flag(20, Private{4301, 32}, "save as TIFF"),
+    Number(24, 600, {1, 1200, 600}, Private{4302, 16}, "image output resolution, dpi"),
+    Number(28, 90, {0, 999, 90}, Private{4303, 16}, "number"),
+    Number(32, 1, {1, 500, 1}, Private{4304, 16}, "count"),
+    Number(36, 1, {1, 500, 1}, Private{4305, 16}, "count"),
+    Text(40, 32, 31, Repair::Controls, "text"),
+    Text(72, 32, 31, Repair::Controls, "text"),
+    Text(104, 256, 255, Repair::Controls, "text"),
+    Text(360, 260, 259, Repair::None, "device profile"),
+    Text(620, 65, 64, Repair::Controls, "text"),
+    Text(685, 259, 258, Repair::Controls, "text"),
+    Flag(944, Private{4306, 32}, "flag"),
+    Flag(948, Private{4307, 32}, "flag"),
+    Text(952, 68, 67, Repair::Controls, "text"),
+    Flag(1020, Private{4308, 32}, "flag of the next text"),
+    Text(1024, 68, 67, Repair::Controls, "text"),
+    Flag(1092, Private{4309, 32}, "flag"),
+    Text(1096, 68, 67, Repair::Controls, "text"),
+    Flag(1164, Private{4310, 32}, "flag"),
+    Text(1168, 68, 67, Repair::Controls, "text"),
+    Flag(1236, Private{4311, 32}, "flag"),
+    Text(1240, 68, 67, Repair::Controls, "text"),
+    Free(1308, Private{4313, 16}, "number"),
+    Number(1312, 1, {1, 5, 1}, Private{4314, 16}, "selector"),
+    Number(1316, 0, {0, 1, 0}, Private{4315, 32}, "switch"),
+    Number(1320, 300, {100, 400, 300}, Private{4316, 16}, "percentage"),
+    Number(1324, 1, {1, 9999, 1}, Private{4312, 16}, "count"),
+    Number(1328, 16, {1, 30, 16}, Private{4326, 16}, "number"),
+    Flag(1332, Private{4327, 32}, "flag"),
+    Flag(1336, Private{4328, 32}, "flag"),
+    Flag(1340, kNoPrivate, "booklet size flag"),
+    Number(1344, 29700, {1000, 33000, 29700}, Private{4329, 16}, "first paper width"),
+    Number(1348, 42000, {1000, 66040, 42000}, Private{4330, 32}, "first paper height"),
+    Number(1352, 0, {0, 5000, 0}, Private{4331, 16}, "first length"),
+    Number(1356, 0, {0, 2500, 0}, Private{4332, 16}, "second length"),
+    Flag(1360, kNoPrivate, "repeat print size flag"),
+    Number(1364, 29700, {1000, 33000, 29700}, Private{4333, 16}, "second paper width"),
+    Number(1368, 42000, {1000, 66040, 42000}, Private{4334, 32}, "second paper height"),
+    Number(1372, 0, {0, 24400, 0}, Private{4335, 16}, "margin"),
+    Number(1376, 0, {0, 24400, 0}, Private{4336, 16}, "margin"),
+    Number(1380, 0, {0, 24400, 0}, Private{4337, 16}, "margin"),
+    Number(1384, 0, {0, 24400, 0}, Private{4338, 16}, "margin"),
+    Text(1388, 256, 256, Repair::Controls, "text"),
+    Flag(1644, kNoPrivate, "imposition size flag"),
+    Number(1648, 29700, {1000, 33000, 29700}, Private{4340, 16}, "third paper width"),
+    Number(1652, 42000, {1000, 66040, 42000}, Private{4341, 32}, "third paper height"),
+    Number(1656, 20200, {11970, 22660, 20200}, Private{4342, 16}, "length"),
+    Number(1660, 20200, {11970, 22660, 20200}, Private{4343, 16}, "length"),
+    Number(1664, 20200, {11970, 22660, 20200}, Private{4344, 16}, "length"),
+    Text(1668, 256, 256, Repair::Controls, "text"),
+    Text(1924, 68, 67, Repair::Controls, "text"),
+    Free(1992, Private{4318, 32}, "number"),
+    Free(1996, Private{4319, 32}, "number"),
+    Free(2000, Private{4320, 32}, "number"),
+    Free(2004, Private{4321, 32}, "number"),
+    Free(2008, Private{4322, 32}, "number"),
+    Free(2012, Private{4323, 32}, "number"),
+    Free(2016, Private{4324, 32}, "number"),
+    Free(2020, Private{4325, 32}, "number"),
+    Text(2024, 132, 129, Repair::Controls, "text"),
+    Free(2156, Private{4348, 32}, "job name mode"),
+    Text(2160, 256, 256, Repair::None, "job name"),
+    Text(2416, 28, 28, Repair::None, "favourite name"),
+    Text(2444, 516, 515, Repair::Comment, "comment"),
+    Number(2960, 2, {2, 255, 2}, Private{4351, 16}, "number"),
+    Number(2964, 90, {55, 350, 90}, Private{4352, 16}, "number"),
+    Flag(2968, Private{4353, 32}, "flag"),
+    Text(2972, 513, 513, Repair::Controls, "text"),
+    Text(3485, 513, 513, Repair::Controls, "text"),
+    Text(3998, 513, 513, Repair::Controls, "text"),
+    Text(4511, 510, 510, Repair::Controls, "text"),
+    Text(5021, 510, 510, Repair::Controls, "text"),
+    Text(5531, 510, 510, Repair::Controls, "text"),
+    Text(6041, 510, 510, Repair::Controls, "text"),
+    Text(6551, 510, 510, Repair::Controls, "text"),
+    Text(7061, 510, 510, Repair::Controls, "text"),
+    Text(7571, 510, 510, Repair::Controls, "text"),
+    Text(8081, 510, 510, Repair::Controls, "text"),
+    Text(8591, 510, 510, Repair::Controls, "text"),
+    ReservedBytes(9101, 3),
+    Number(9104, 0, {0, 2, 0}, Private{4354, 32}, "selector"),
+    Number(9108, 128, {0, 255, 128}, Private{4355, 32}, "level"),
+    Uncopied(9112, "management method"),
+    Text(9116, 33, 32, Repair::Controls, "job owner name"),
+    Text(9149, 25, 24, Repair::Controls, "job owner password"),
+    Text(9174, 34, 32, Repair::Controls, "account ID"),
+    Uncopied(9208, "owner name source"),
+    Uncopied(9212, "overwrite flag"),
+    Number(9216, 0, {0, 100, 0}, kNoPrivate, "ZNUserCurveImage"),
+    Number(9220, 0, {0, 100, 0}, kNoPrivate, "ZNDensityAdjustmentImage"),
+    Number(9224, 0, {0, 100, 0}, kNoPrivate, "ZNUserCurveCharacter"),
+    Number(9228, 0, {0, 100, 0}, kNoPrivate, "ZNDensityAdjustmentCharacter"),
+    Number(9232, 0, {1, 100, 0}, kNoPrivate, "custom CMYK simulation"),
+    Number(9236, 0, {1, 100, 0}, kNoPrivate, "custom RGB colour correction"),
+    Number(9240, 0, {0, 100, 0}, kNoPrivate, "ZNRGBOutputProfile"),
+    Number(9244, 0, {1, 500, 1}, kNoPrivate, "ZNFormNo"),
+    Number(9248, 0, {1, 100, 1}, kNoPrivate, "ZNWMSelection"),
+    Number(9252, 0, {0, 100, 0}, kNoPrivate, "ZNImageCalibration"),
+    Number(9256, 0, {0, 100, 0}, kNoPrivate, "ZNCharacterCalibration"),
+    Number(9260, 0, {0, 99, 0}, kNoPrivate, "ZNProfileForPrinter"),
+    Number(9264, 0, {0, 99, 0}, kNoPrivate, "ZNProfileRGBForImage"),
+    Number(9268, 0, {0, 99, 0}, kNoPrivate, "ZNProfileRGBForChar"),
+    Number(9272, 0, {0, 99, 0}, kNoPrivate, "ZNProfileRGBForImageChar"),
+    Number(9276, 0, {0, 99, 0}, kNoPrivate, "ZNProfileCMYKForImage"),
+    Number(9280, 0, {0, 99, 0}, kNoPrivate, "ZNProfileCMYKForChar"),
+    Number(9284, 0, {0, 99, 0}, kNoPrivate, "ZNProfileCMYKForImageChar"),
+    Number(9288, 0, {0, 99, 0}, kNoPrivate, "ZNAutoTrappingSetupFile"),
+    Number(9292, 0, {0, 100, 0}, kNoPrivate, "ZNAutoTrappingProcess"),
+    Number(9296, 0, {0, 499, 0}, kNoPrivate, "ZNImpositionTemplateFile"),
+    Number(9300, 0, {0, 99, 0}, kNoPrivate, "ZNProfileForPDFPreflight"),
+    Number(9304, 0, {0, 99, 0}, kNoPrivate, "ZNPaginationTemplateFile"),
+    Undefaulted(9308, {0, 99, 0}, "ZNImpositionPaginationTempFile"),
+    Number(9312, 0, {0, 101, 0}, kNoPrivate, "ZNSpotColorCorrectionProfile"),
+    Number(9316, 0, {0, 100, 0}, kNoPrivate, "ZNReplaceColor"),
+    Number(9320, 0, {1, 100, 1}, kNoPrivate, "ZNClearProcessRegisterdPattern"),
+    Number(9324, 0, {0, 100, 0}, kNoPrivate, "ZNPerfectBinder"),
+};
+// clang-format on
+
+constexpr bool RowsAreContiguous() {
+  std::size_t end = 0;
+  for (const DevModeField& field : kFields) {
+    if (field.offset != end || field.copyBound > field.width) {
+      return false;
+    }
+    end += field.width;
+  }
+  return end == kDevModeSize;
+}
+static_assert(RowsAreContiguous());
+
+}  // namespace zn::devmode

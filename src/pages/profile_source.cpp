@@ -1,0 +1,43 @@
+#include "pages/profile_source.h"
+
+#include <string>
+#include <string_view>
+
+#include "platform/code_page.h"
+#include "platform/spooler.h"
+#include "session/job_values.h"
+
+namespace zn {
+namespace {
+
+// The folder of `path` without a backslash at its end; empty when the path has none. The second
+// byte of a double-byte character may look like a backslash.
+std::string FolderOf(const char* path) {
+  const char* end = path;
+  for (const char* at = path; *at != '\0'; at = ::CharNextA(at)) {
+    if (*at == '\\') {
+      end = at;
+    }
+  }
+  return {path, end};
+}
+
+}  // namespace
+
+bool UpdateProfile(CProfileInfo& profile, const SheetContext& sheet) {
+  const std::uint32_t codePage = SystemCodePage();
+  const DriverInfo2 driver(sheet.hPrinter);
+  const std::string folder =
+      driver && driver->pDataFile != nullptr ? FolderOf(driver->pDataFile) : std::string();
+  if (folder.empty()) {
+    return profile.ReadProfile("", codePage);
+  }
+  std::string name(TextOf(sheet.deviceProfilePath));
+  const std::string_view driverName = TextOf(sheet.driverName);
+  if (name.empty() || name == driverName) {
+    name.assign(driverName).append(".cps");  // a dot in a driver's name begins no extension
+  }
+  return profile.UpdateProfile(folder.c_str(), name.c_str(), codePage);
+}
+
+}  // namespace zn

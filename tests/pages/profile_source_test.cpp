@@ -1,0 +1,75 @@
+// Where the profile of a real queue is looked for.
+#include "pages/profile_source.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "test_queue.h"
+
+namespace zn {
+namespace {
+
+class ProfileSourceTest : public ::testing::Test {
+ protected:
+  // A profile in the driver's data folder with one watermark, named like the file.
+  void WriteProfile(const std::string& name) {
+    const std::string path = queue_.DriverFolder() + name + ".cps";
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    ASSERT_NE(file, nullptr) << path;
+    std::fprintf(file, "Watermark1=%s\r\n", name.c_str());
+    std::fclose(file);
+    written_.push_back(path);
+  }
+  ~ProfileSourceTest() override {
+    for (const std::string& path : written_) {
+      std::remove(path.c_str());
+    }
+  }
+
+  // The name of the profile that was read, or "none".
+  std::string Read() {
+    CProfileInfo profile;
+    std::string text = "none";
+    if (UpdateProfile(profile, *sheet_)) {
+      profile.GetWaterMarkConfig(&text, 0);
+    }
+    return text;
+  }
+
+  test::TestQueue queue_;
+  std::unique_ptr<SheetContext> sheet_ = std::make_unique<SheetContext>();
+  std::vector<std::string> written_;
+};
+
+TEST_F(ProfileSourceTest, TheSheetNamesTheProfileElseTheDriverDoes) {
+  sheet_->hPrinter = queue_.Handle();
+  std::strcpy(sheet_->driverName, "zn_test driver 1.5");
+  EXPECT_EQ(Read(), "none");
+  WriteProfile("zn_test driver 1.5");
+  WriteProfile("zn_test device");
+  EXPECT_EQ(Read(), "zn_test driver 1.5");
+  for (const char* name : {"zn_test device", "D:\\x\\zn_test device.cps"}) {
+    std::strcpy(sheet_->deviceProfilePath, name);
+    EXPECT_EQ(Read(), "zn_test device") << name;
+  }
+  std::strcpy(sheet_->deviceProfilePath, "zn_test driver 1.5");
+  EXPECT_EQ(Read(), "zn_test driver 1.5");
+  std::memset(sheet_->deviceProfilePath, 'x', sizeof sheet_->deviceProfilePath);
+  EXPECT_EQ(Read(), "none");
+}
+
+TEST_F(ProfileSourceTest, PrintersThatCannotBeAskedHaveNoProfile) {
+  WriteProfile("zn_test device");
+  std::strcpy(sheet_->deviceProfilePath, "zn_test device");
+  CProfileInfo profile;
+  EXPECT_FALSE(UpdateProfile(profile, *sheet_));
+  EXPECT_EQ(profile.Items()[0].present, 1U);
+}
+
+}  // namespace
+}  // namespace zn
