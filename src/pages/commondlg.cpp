@@ -1,5 +1,8 @@
 #include "pages/commondlg.h"
 
+#include <algorithm>
+
+#include "pages/page_frame.h"
 #include "session/session.h"
 
 namespace zn {
@@ -82,22 +85,52 @@ SheetContext* CCommonDlg::AttachSheet(const PROPSHEETPAGEA* page) const noexcept
   return sheet;
 }
 
-int CCommonDlg::BecomeActive() const noexcept {
+int CCommonDlg::Fill(const PageTable& table, SheetContext* sheet, bool useDefault) const {
+  return sheet != nullptr && PageFrame(window_, *sheet, table).Fill(useDefault);
+}
+
+int CCommonDlg::Activate(const PageTable& table) const {
   SheetContext* sheet = Sheet();
   if (sheet == nullptr) {
     return 0;
   }
   MakeActivePage(*sheet);
+  PageFrame(window_, *sheet, table).Show();
   return 1;
 }
 
-int CCommonDlg::CommitPage() const noexcept {
+int CCommonDlg::Commit() const {
   SheetContext* sheet = Sheet();
   if (sheet == nullptr) {
     return 0;
   }
   CSession(sheet).CommitSession();
   return 1;
+}
+
+int CCommonDlg::Command(const PageTable& table, WORD notifyCode, WORD controlId) {
+  SheetContext* sheet = Sheet();
+  if (sheet == nullptr) {
+    return 0;
+  }
+  if (std::ranges::find(table.codes, notifyCode) == table.codes.end()) {
+    return table.answerToOtherCodes;
+  }
+  PageFrame page(window_, *sheet, table);
+  int result = 1;
+  if (controlId == table.restoreButton) {
+    page.RestoreOthers();
+    result = Initialize(sheet, true);
+    Redraw();
+    MakeActivePage(*sheet);
+    if (!table.restoringIsAChange) {
+      return result;
+    }
+  } else {
+    page.Command(notifyCode, controlId);
+  }
+  NotifyChanged();
+  return result;
 }
 
 void CCommonDlg::NotifyChanged() const noexcept {

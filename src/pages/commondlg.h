@@ -4,12 +4,12 @@
 
 #include "platform/driver_interfaces.h"
 
-#include <cstdint>
-#include <optional>
-
+#include "pages/page_table.h"
 #include "session/plugin_context.h"
 
 namespace zn {
+
+class CompanionModule;
 
 class CCommonDlg {
  public:
@@ -38,9 +38,13 @@ class CCommonDlg {
   [[nodiscard]] SheetContext* Sheet() const noexcept;
   // Stores the sheet of the PROPSHEETPAGE in the window; null when there is none.
   SheetContext* AttachSheet(const PROPSHEETPAGEA* page) const noexcept;
-  // For pages that store every change at once: leaving them writes the selections to the session.
-  int BecomeActive() const noexcept;
-  int CommitPage() const noexcept;
+  // What a page that is a table answers. Activate: the page becomes the active one and shows the
+  // current selections. Commit: for pages that store every change at once, leaving them writes the
+  // selections to the session. The command of the restore button fills the page by slot 6.
+  int Fill(const PageTable& table, SheetContext* sheet, bool useDefault) const;
+  int Activate(const PageTable& table) const;
+  int Commit() const;
+  int Command(const PageTable& table, WORD notifyCode, WORD controlId);
   void MakeActivePage(SheetContext& sheet) const noexcept { sheet.activePage = window_; }
   [[nodiscard]] bool IsActivePage(const SheetContext& sheet) const noexcept {
     return sheet.activePage == window_;
@@ -59,30 +63,15 @@ class CCommonDlg {
   void* reserved_[2] = {};  // null; they belong to the object's layout
 
  private:
-  // The job page (jobpage.cpp). Getters read the controls only while the page is the active one,
-  // else they answer the stored selection. A list without a selection answers nothing.
-  void InitJobName(SheetContext& sheet) const;
-  int InitColorModel(SheetContext& sheet, bool useDefault) const;
-  int InitPrinterMode(SheetContext& sheet, bool useDefault) const;
-  int InitSpoolOption(SheetContext& sheet, bool useDefault) const;
-  void LoadData(SheetContext& sheet) const;
-  // Selects the first entry that stands for the value; none: the selection stays.
-  void SetColorModel(SheetContext& sheet, std::uint32_t value) const;
-  [[nodiscard]] std::optional<std::uint32_t> GetColorModel(const SheetContext& sheet) const;
-  void ApplyColorModel(SheetContext& sheet) const;
-  void SetPrinterModel(std::uint32_t index) const;
-  [[nodiscard]] std::optional<std::uint32_t> GetPrinterModel(const SheetContext& sheet) const;
-  void ApplyPrinterMode(SheetContext& sheet) const;
-  void SetSpoolOption(std::uint32_t index) const;
-  // -1 when no radio is checked.
-  [[nodiscard]] int GetSpoolOption(const SheetContext& sheet) const;
-  void ApplySpoolOption(SheetContext& sheet) const;
+  // The job page (jobpage.cpp) beyond its table.
+  void InitJobName(SheetContext& sheet, const CompanionModule& companion) const;
   // Keeps the job name within its 255 bytes; false when the text is what was accepted last.
   bool GuardJobName() const;
   // Stores mode and name; false after telling the user that the name is too short or too long.
   bool ApplyJobName(SheetContext& sheet) const;
-  int RestoreDefaults(SheetContext& sheet);
   void OpenPrintOptions(SheetContext& sheet);
+  // Shows the current selections.
+  void LoadData(SheetContext& sheet) const;
 };
 
 }  // namespace zn

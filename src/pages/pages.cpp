@@ -10,8 +10,6 @@
 namespace zn {
 namespace {
 
-constexpr CWatermarkPageDlg::WatermarkLimits kWatermarkLimits{3, 1, 100};
-
 // Builds a fresh page object for the message. No exception leaves it.
 template <class Page, auto... kConstants>
 INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -26,7 +24,7 @@ INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 constexpr std::array<PageDefinition, kDialogPageCount> kPages{{
     {IDD_BASIC_PAGE, &PageProc<CStandardPageDlg>},
     {IDD_TRAY_PAGE, &PageProc<CTrayPageDlg>},
-    {IDD_WATERMARK_PAGE, &PageProc<CWatermarkPageDlg, kWatermarkLimits>},
+    {IDD_WATERMARK_PAGE, &PageProc<CWatermarkPageDlg, CWatermarkPageDlg::kLimits>},
     {IDD_JOB_PAGE, &PageProc<CCommonDlg>},
 }};
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/pspage.h"
+#include "pages/page_images.h"
 #include "res/resource_ids.h"
 
 namespace zn {
@@ -11,6 +11,8 @@ namespace {
 constexpr std::array kListImages{
     ListImages{IDC_BASIC_FAVORITES, IDB_FAVORITE}, ListImages{IDC_BASIC_DUPLEX, IDB_DUPLEX},
     ListImages{IDC_BASIC_NUP, IDB_NUP}, ListImages{IDC_BASIC_COLOR_MODE, IDB_COLOR_MODE}};
+
+constexpr PageTable kTable{{}, {}, 0, IDC_RESTORE_DEFAULTS, false};
 
 }  // namespace
 
@@ -24,11 +26,11 @@ int CStandardPageDlg::OnCommand(WORD /*notifyCode*/, WORD /*controlId*/, HWND /*
 }
 
 int CStandardPageDlg::OnSetActive() {
-  return BecomeActive();
+  return Activate(kTable);
 }
 
 int CStandardPageDlg::OnKillActive() {
-  return CommitPage();
+  return Commit();
 }
 
 int CStandardPageDlg::Initialize(SheetContext* sheet, bool /*useDefault*/) {

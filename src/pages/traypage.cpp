@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/pspage.h"
+#include "pages/page_images.h"
 #include "res/resource_ids.h"
 
 namespace zn {
@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::array kListImages{ListImages{IDC_TRAY_STAPLE, IDB_STAPLE},
                                  ListImages{IDC_TRAY_PUNCH, IDB_PUNCH}};
+
+constexpr PageTable kTable{{}, {}, 0, IDC_RESTORE_DEFAULTS, false};
 
 }  // namespace
 
@@ -23,11 +25,11 @@ int CTrayPageDlg::OnCommand(WORD /*notifyCode*/, WORD /*controlId*/, HWND /*cont
 }
 
 int CTrayPageDlg::OnSetActive() {
-  return BecomeActive();
+  return Activate(kTable);
 }
 
 int CTrayPageDlg::OnKillActive() {
-  return CommitPage();
+  return Commit();
 }
 
 int CTrayPageDlg::Initialize(SheetContext* sheet, bool /*useDefault*/) {

@@ -1,25 +1,102 @@
 #include "pages/watermarkpage.h"
 
+#include <array>
+
+#include "pages/page_frame.h"
+#include "pages/page_images.h"
+#include "res/resource_ids.h"
+
 namespace zn {
+namespace {
+
+constexpr std::uint32_t kOrders = CWatermarkPageDlg::kLimits.orderChoices;
+constexpr std::uint32_t kLowest = CWatermarkPageDlg::kLimits.lowestNumber;
+constexpr std::uint32_t kHighest = CWatermarkPageDlg::kLimits.highestNumber;
+constexpr std::uint32_t kPositions = 5;
+
+// By position.
+constexpr std::array<int, kPositions> kPositionRadios{
+    IDC_WATERMARK_UPPER_LEFT, IDC_WATERMARK_UPPER_RIGHT, IDC_WATERMARK_LOWER_LEFT,
+    IDC_WATERMARK_LOWER_RIGHT, IDC_WATERMARK_CENTER};
+
+bool IsOn(const SheetContext& sheet) {
+  return sheet.Current(KW_WATERMARK) == 1;
+}
+
+// UpdateControls: switching the watermark on or off changes what can be used, never the values.
+void UpdateControls(PageFrame& page, std::uint32_t /*before*/) {
+  page.Show();
+}
+
+constexpr std::array kControls{
+    // InitWaterMark, UpdateWaterMark, ApplyWaterMark
+    Control{.keyword = KW_WATERMARK,
+            .kind = ControlKind::CheckBox,
+            .id = IDC_WATERMARK_ON,
+            .follow = &UpdateControls},
+    // InitWaterMarkNo, UpdateWaterMarkNo, ApplyWaterMarkNo. On purpose the entry is held against the
+    // bounds of the number, which counts from 1: choosing the first entry keeps the stored number.
+    Control{.keyword = KW_WMSELECTION,
+            .kind = ControlKind::List,
+            .id = IDC_WATERMARK_NUMBER,
+            .entries = kHighest,
+            .coding = {.first = kLowest,
+                       .lowest = kLowest,
+                       .highest = kHighest,
+                       .lowestEntry = kLowest,
+                       .highestEntry = kHighest,
+                       .misfit = Misfit::Unselected},
+            .usable = &IsOn},
+    // InitWaterMarkPosition, UpdateWaterMarkPosition, ApplyWaterMarkPosition: list and radios
+    Control{.keyword = KW_WMPOSITION,
+            .kind = ControlKind::List,
+            .id = IDC_WATERMARK_POSITION,
+            .coding = {.highest = kPositions - 1,
+                       .highestEntry = kPositions - 1,
+                       .misfit = Misfit::Empty},
+            .usable = &IsOn},
+    Control{.keyword = KW_WMPOSITION,
+            .kind = ControlKind::Radios,
+            .radios = kPositionRadios,
+            .coding = {.highest = kPositions - 1},
+            .click = RadioClick::Clicked,
+            .usable = &IsOn},
+    // InitWaterMarkOrder, UpdateWaterMarkOrder, ApplyWaterMarkOrder
+    Control{.keyword = KW_WMORDER,
+            .kind = ControlKind::List,
+            .id = IDC_WATERMARK_ORDER,
+            .coding = {.highest = kOrders - 1, .highestEntry = kOrders - 1},
+            .usable = &IsOn},
+};
+
+constexpr std::array<WORD, 4> kCommandCodes{BN_CLICKED, CBN_SELCHANGE, EN_KILLFOCUS, EN_CHANGE};
+constexpr PageTable kTable{.controls = kControls,
+                           .codes = kCommandCodes,
+                           .answerToOtherCodes = 1,
+                           .restoreButton = IDC_WATERMARK_RESTORE_DEFAULTS,
+                           .restoringIsAChange = true};
+
+}  // namespace
 
 int CWatermarkPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
+  LoadWarningImage();
   return Initialize(AttachSheet(page), false);
 }
 
-int CWatermarkPageDlg::OnCommand(WORD /*notifyCode*/, WORD /*controlId*/, HWND /*control*/) {
-  return 0;
+int CWatermarkPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {
+  return Command(kTable, notifyCode, controlId);
 }
 
 int CWatermarkPageDlg::OnSetActive() {
-  return BecomeActive();
+  return Activate(kTable);
 }
 
 int CWatermarkPageDlg::OnKillActive() {
-  return CommitPage();
+  return Commit();
 }
 
-int CWatermarkPageDlg::Initialize(SheetContext* sheet, bool /*useDefault*/) {
-  return sheet != nullptr;
+int CWatermarkPageDlg::Initialize(SheetContext* sheet, bool useDefault) {
+  return Fill(kTable, sheet, useDefault);
 }
 
 }  // namespace zn

@@ -13,6 +13,7 @@ class CWatermarkPageDlg : public CCommonDlg {
     std::int32_t lowestNumber;
     std::int32_t highestNumber;
   };
+  static constexpr WatermarkLimits kLimits{3, 1, 100};
 
   CWatermarkPageDlg(HWND window, PlugInContext* context, WatermarkLimits limits) noexcept
       : CCommonDlg(window, context), limits_(limits) {}
@@ -24,7 +25,7 @@ class CWatermarkPageDlg : public CCommonDlg {
   int Initialize(SheetContext* sheet, bool useDefault) override;
 
  private:
-  WatermarkLimits limits_;
+  WatermarkLimits limits_;  // belong to the object's layout; the table has them, too
 };
 
 }  // namespace zn

@@ -3,9 +3,11 @@
 #include <array>
 
 #include "page_sheet.h"
+#include "pages/page_frame.h"
+#include "pages/page_images.h"
 #include "pages/pspage.h"
-#include "platform/resources.h"
 #include "res/resource_ids.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn::test {
 namespace {
@@ -24,36 +26,83 @@ class Controls : public PageSheetTest {
   }
 };
 
+// A list with images as a page has it, on the template of the basic page.
+constexpr std::array<std::uint8_t, 2> kImages{1, 2};
+constexpr std::array kColorMode{Control{.keyword = KW_COLORMODEL,
+                                        .kind = ControlKind::ExtendedList,
+                                        .label = IDC_BASIC_COLOR_MODE_LABEL,
+                                        .id = IDC_BASIC_COLOR_MODE,
+                                        .caption = Caption::CompanionColon,
+                                        .images = {IDB_COLOR_MODE, [](const SheetContext&) {
+                                                     return std::span<const std::uint8_t>(kImages);
+                                                   }}}};
+constexpr PageTable kColorTable{kColorMode, {}, 0, 0, false};
+
 TEST_F(Controls, ListShowsCompanionNamesWithImages) {
   Open(kBasicPage);
   SetSelections(KW_COLORMODEL, 0, 0x00050001);  // only the low 16 bits select
-  constexpr std::array kImages{1, 2};
-  ASSERT_TRUE(
-      InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, false, kImages));
+  PageFrame frame(Page(), *sheet_, kColorTable);
+  ASSERT_TRUE(frame.Fill(false));
   EXPECT_EQ(Text(IDC_BASIC_COLOR_MODE_LABEL), Japanese("カラーモード:"));
   EXPECT_EQ(Count(IDC_BASIC_COLOR_MODE), 2);
   EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 1);
   EXPECT_EQ(Entry(IDC_BASIC_COLOR_MODE, 0).iImage, 1);
   EXPECT_EQ(Entry(IDC_BASIC_COLOR_MODE, 1).iSelectedImage, 2);
   // Filling again replaces the entries; the default is another one.
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_COLORMODEL, IDC_BASIC_COLOR_MODE_LABEL, true));
+  ASSERT_TRUE(frame.Fill(true));
   EXPECT_EQ(Count(IDC_BASIC_COLOR_MODE), 2);
   EXPECT_EQ(Selected(IDC_BASIC_COLOR_MODE), 0);
+  EXPECT_EQ(Current(KW_COLORMODEL), 0u);
 }
 
-TEST_F(Controls, OfKeywordsThatThePrinterLacksOnlyPunchHasEntries) {
-  sheet_->items[KW_PUNCH] = nullptr;
+// Lists of the tray page: marks from the device profile, 16 entries of punch whatever the session
+// has, none of a keyword that the printer lacks.
+constexpr std::array kTrayControls{
+    Control{.keyword = KW_OUTPUTTRAY,
+            .kind = ControlKind::ExtendedList,
+            .label = IDC_TRAY_OUTPUT_LABEL,
+            .id = IDC_TRAY_OUTPUT,
+            .installed = Installed::Outputs},
+    Control{.keyword = KW_PUNCH,
+            .kind = ControlKind::ExtendedList,
+            .label = IDC_TRAY_PUNCH_LABEL,
+            .id = IDC_TRAY_PUNCH,
+            .images = {IDB_PUNCH, nullptr},
+            .installed = Installed::Punches},
+    Control{.keyword = KW_JOG,
+            .kind = ControlKind::ExtendedList,
+            .label = IDC_TRAY_JOG_LABEL,
+            .id = IDC_TRAY_JOG},
+    Control{.keyword = KW_STAPLE, .kind = ControlKind::ExtendedList, .label = 9999, .id = 9999},
+};
+constexpr std::array<WORD, 1> kSelectionCode{CBN_SELCHANGE};
+constexpr PageTable kTrayTable{kTrayControls, kSelectionCode, 0, 0, false};
+
+TEST_F(Controls, OptionsThatTheDeviceLacksAreMarked) {
+  types_[KW_OUTPUTTRAY].Count = 5;
   sheet_->items[KW_JOG] = nullptr;
+  const TempFolder folder;
+  folder.Write("device.cps", "HasOption_OutputTray_StackerTray=true\n");
+  std::snprintf(sheet_->deviceProfilePath, sizeof sheet_->deviceProfilePath, "device");
   Open(kTrayPage);
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_PUNCH, IDC_TRAY_PUNCH_LABEL, false));
+  FakeDriverPath::data = folder.Path("driver.ppd");
+  PageFrame frame(Page(), *sheet_, kTrayTable);
+  EXPECT_FALSE(frame.Fill(false)) << "the last control is on no page";
+  const std::array marks{I_IMAGENONE, I_IMAGENONE, 0, 0, 0};
+  for (int entry = 0; entry < 5; ++entry) {
+    EXPECT_EQ(Entry(IDC_TRAY_OUTPUT, entry).iImage, marks[static_cast<std::size_t>(entry)]);
+  }
   EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
-  ASSERT_TRUE(InitComboBox(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL, false));
+  EXPECT_EQ(Entry(IDC_TRAY_PUNCH, 15).iImage,
+            ::ImageList_GetImageCount(SharedImages(IDB_PUNCH)) - 1);
   EXPECT_EQ(Count(IDC_TRAY_JOG), 0);
   sheet_->SetCurrent(KW_JOG, 7);
-  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_JOG, IDC_TRAY_JOG_LABEL));
+  EXPECT_FALSE(frame.Command(CBN_SELCHANGE, IDC_TRAY_JOG)) << "nothing is selected";
   EXPECT_EQ(Current(KW_JOG), 7u);
-  EXPECT_FALSE(InitComboBox(Page(), *sheet_, KW_STAPLE, 9999, false)) << "no such control";
-  EXPECT_FALSE(StoreComboSelection(Page(), *sheet_, KW_STAPLE, 9999));
+  // With everything installed there are no marks at all.
+  FakeDriverPath::data.clear();
+  EXPECT_FALSE(frame.Fill(false));
+  EXPECT_EQ(::SendMessageA(Control(IDC_TRAY_OUTPUT), CBEM_GETIMAGELIST, 0, 0), 0);
 }
 
 // Lists with images are higher than others.
@@ -142,45 +191,6 @@ TEST(WarningImages, MarkWhatIsNotAvailable) {
   const UniqueImageList empty(::ImageList_Create(16, 16, ILC_COLOR32, 1, 1));
   EXPECT_EQ(SetWarningIndex(kAvailable, images, empty.get()), 0);
   EXPECT_EQ(images, (std::array{7, warning, 8, warning}));
-}
-
-TEST(ImageStrips, HaveTheImagesThatThePagesShow) {
-  EXPECT_EQ(SharedImages(IDD_JOB_PAGE), nullptr) << "no bitmap";
-  const struct {
-    UINT id;
-    int size;
-    int images;
-  } rows[] = {{IDB_COLOR_MODE, 24, 3}, {IDB_DUPLEX, 24, 6},     {IDB_FAVORITE, 16, 3},
-              {IDB_NUP, 24, 13},       {IDB_PUNCH, 24, 13 + 1}, {IDB_STAPLE, 24, 18 + 1}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.id);
-    const HIMAGELIST strip = SharedImages(row.id);
-    ASSERT_NE(strip, nullptr);
-    EXPECT_EQ(SharedImages(row.id), strip) << "made once";
-    EXPECT_EQ(::ImageList_GetImageCount(strip), row.images);
-    // The corner of every image is transparent: what lies beneath shines through.
-    const HDC screen = ::GetDC(nullptr);
-    const HDC canvas = ::CreateCompatibleDC(screen);
-    const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, row.size, row.size);
-    const HGDIOBJ before = ::SelectObject(canvas, bitmap);
-    for (int image = 0; image < row.images; ++image) {
-      ::SetPixel(canvas, 0, row.size - 1, RGB(1, 2, 3));
-      ::ImageList_Draw(strip, image, canvas, 0, 0, ILD_TRANSPARENT);
-      EXPECT_EQ(::GetPixel(canvas, 0, row.size - 1), COLORREF{RGB(1, 2, 3)}) << image;
-    }
-    ::SelectObject(canvas, before);
-    ::DeleteObject(bitmap);
-    ::DeleteDC(canvas);
-    ::ReleaseDC(nullptr, screen);
-  }
-}
-
-TEST(Strings, KeepQuotesAndJapanese) {
-  EXPECT_EQ(
-      LoadResourceString(IDS_RESTRICTION_QUESTION),
-      Japanese("\"%s-%s\"と\"%s-%s\"を同時に指定できません。\n\"%s-%s\"を%sに変更しますか？"));
-  EXPECT_EQ(LoadResourceString(IDS_FAVORITE_FOLDER), "Zentrik\\Quorra QR");
-  EXPECT_EQ(LoadResourceString(IDS_RESERVED_FAVORITE), "");
 }
 
 }  // namespace

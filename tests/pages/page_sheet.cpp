@@ -74,6 +74,7 @@ PageSheetTest::PageSheetTest()
 
 PageSheetTest::~PageSheetTest() {
   Close();
+  FakeDriverPath::data.clear();
   ThePlugInContext().sheet = nullptr;
 }
 

@@ -57,10 +57,10 @@ class PageSheetTest : public SheetTest {
   void SetSelections(KeywordId id, std::uint32_t defaultIndex, std::uint32_t currentIndex);
 
   companion::CallCounter calls_;
+  std::vector<OPTTYPE> types_;  // by keyword
 
  private:
   HWND window_ = nullptr;
-  std::vector<OPTTYPE> types_;
   FakeDriverPath driverPath_;
   ImportPatch box_, beep_;
 };

@@ -1,4 +1,4 @@
-// What the spooler says about the driver's file, for the lifetime of the object.
+// What the spooler says about the driver's files, for the lifetime of the object.
 #pragma once
 
 #include <windows.h>
@@ -13,10 +13,11 @@ namespace zn::test {
 class FakeDriverPath {
  public:
   static inline std::string path;  // empty: the spooler does not know the driver
+  static inline std::string data;  // its data file, beside which the device profiles lie
 
  private:
   static BOOL WINAPI GetDriver(HANDLE, LPSTR, DWORD, LPBYTE memory, DWORD size, LPDWORD need) {
-    *need = static_cast<DWORD>(sizeof(DRIVER_INFO_2A) + path.size() + 1);
+    *need = static_cast<DWORD>(sizeof(DRIVER_INFO_2A) + path.size() + data.size() + 2);
     if (path.empty() || size < *need) {
       return FALSE;
     }
@@ -24,6 +25,8 @@ class FakeDriverPath {
     *info = DRIVER_INFO_2A{};
     info->pDriverPath = reinterpret_cast<char*>(info + 1);
     std::strcpy(info->pDriverPath, path.c_str());
+    info->pDataFile = info->pDriverPath + path.size() + 1;
+    std::strcpy(info->pDataFile, data.c_str());
     return TRUE;
   }
 

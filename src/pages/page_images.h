@@ -1,0 +1,36 @@
+// The images of the pages' lists: strips of the module's bitmaps, and the warning icons. Made at
+// the first use and kept while the module is loaded.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+
+#include "platform/handles.h"
+
+namespace zn {
+
+struct WarningImages {
+  HICON icon16, icon24, icon32;  // shared icons
+  UniqueImageList m_hImgWarningList_16;
+};
+const WarningImages& LoadWarningImage();
+
+// The images of one of the module's bitmaps; those of staples and holes end with the warning icon.
+// Null for any other bitmap.
+[[nodiscard]] HIMAGELIST SharedImages(UINT bitmapId);
+
+// Gives every option whose flag is 0 the last image of the list. 1 when there was one; 0 also for
+// a missing or empty list.
+int SetWarningIndex(std::span<const std::uint32_t> availableFlags, std::span<int> imageIndices,
+                    HIMAGELIST imageList) noexcept;
+
+// Gives extended lists their images; a list gets the height that it needs for them.
+struct ListImages {
+  int listId;
+  UINT bitmapId;
+};
+void AttachImages(HWND page, std::span<const ListImages> lists);
+
+}  // namespace zn
