@@ -1,0 +1,121 @@
+#include "host/scenes.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <span>
+
+#include "host/base/host_error.h"
+#include "host/window/dialog_pictures.h"
+#include "host/window/screenshot.h"
+#include "res/resource_ids.h"
+
+namespace zn::host {
+namespace {
+
+constexpr DWORD kSettleTime = 300;  // milliseconds until a page has drawn itself
+constexpr int kLast = -1;
+
+// What a user does with one control: a click, or the choice of a list's entry.
+struct Step {
+  enum Kind : std::uint8_t { kNone, kClick, kChoose } kind = kNone;
+  int control = 0;
+  int entry = 0;  // of kChoose: from 0, or kLast
+};
+constexpr Step Click(int control) {
+  return {Step::kClick, control};
+}
+constexpr Step Choose(int control, int entry) {
+  return {Step::kChoose, control, entry};
+}
+
+// Steps on a page, counted from 0, one after the other; then a picture of the page, or of the
+// dialogs that they opened. The scenes of a page go on from one another.
+struct Scene {
+  int page;
+  const char* name;
+  std::array<Step, 6> steps;
+};
+constexpr Scene kPreferences[] = {
+    {2,
+     "on",
+     {Click(IDC_WATERMARK_ON), Choose(IDC_WATERMARK_NUMBER, 2), Click(IDC_WATERMARK_CENTER)}},
+    {4, "options", {Click(IDC_JOB_PRINT_OPTIONS)}},
+};
+constexpr Scene kProperties[] = {{0, "authentication", {Click(IDC_DEVICE_AUTHENTICATION)}}};
+
+void Do(HWND page, const Step& step) {
+  const HWND control = ::GetDlgItem(page, step.control);
+  if (step.kind == Step::kClick) {
+    ::SendMessageA(control, BM_CLICK, 0, 0);
+  } else if (step.kind == Step::kChoose) {
+    const LRESULT entry =
+        step.entry == kLast ? ::SendMessageA(control, CB_GETCOUNT, 0, 0) - 1 : step.entry;
+    ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+    ::SendMessageA(page, WM_COMMAND, MAKEWPARAM(step.control, CBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(control));
+  }
+}
+
+void PumpFor(PropertySheet& sheet, DWORD milliseconds) {
+  const ULONGLONG end = ::GetTickCount64() + milliseconds;
+  for (ULONGLONG now = ::GetTickCount64(); now < end; now = ::GetTickCount64()) {
+    sheet.Pump();
+    ::MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+  }
+}
+
+void PrintPicture(const std::string& file, const std::string& title) {
+  std::printf("picture %s: %s\n", file.c_str(), title.c_str());
+}
+
+void PicturePage(PropertySheet& sheet, int page, const std::string& stem) {
+  PumpFor(sheet, kSettleTime);
+  SaveScreenshot(sheet.Window(), stem + ".png");
+  PrintPicture(stem + ".png", sheet.PageTitle(page));
+}
+
+void PictureScene(PropertySheet& sheet, const Scene& scene, HWND page, const std::string& stem) {
+  const auto dialogs = PictureDialogs(sheet.Window(), stem, [&] {
+    for (const Step& step : scene.steps) {
+      Do(page, step);
+    }
+  });
+  for (const auto& [file, title] : dialogs) {
+    PrintPicture(file, title);
+  }
+  if (dialogs.empty()) {
+    PicturePage(sheet, scene.page, stem);
+  }
+}
+
+void Picture(PropertySheet& sheet, const std::string& stem, std::span<const Scene> scenes) {
+  for (int index = 0; index < sheet.PageCount(); ++index) {
+    const HWND page = sheet.ShowPage(index);
+    if (page == nullptr) {
+      throw HostError("page " + std::to_string(index + 1) + " cannot be shown");
+    }
+    const std::string pageStem = stem + "-" + std::to_string(index + 1);
+    PicturePage(sheet, index, pageStem);
+    for (const Scene& scene : scenes) {
+      if (scene.page == index) {
+        PictureScene(sheet, scene, page, pageStem + "-" + scene.name);
+      }
+    }
+  }
+  sheet.PressCancel();
+}
+
+}  // namespace
+
+void PicturePreferences(PropertySheet& sheet, const std::string& folder) {
+  Picture(sheet, folder + "\\prefs", kPreferences);
+}
+
+void PictureProperties(PropertySheet& sheet, const std::string& folder) {
+  Picture(sheet, folder + "\\props", kProperties);
+}
+
+}  // namespace zn::host
