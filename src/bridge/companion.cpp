@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/double_byte.h"
 #include "platform/resources.h"
 #include "platform/spooler.h"
 #include "platform/trace.h"
@@ -39,15 +40,7 @@ class QuietLoad {
 // The text in a buffer that another module filled. Without a terminator it is cut to size - 1
 // bytes, and not between the two bytes of a character.
 std::string TextOf(const char* buffer, std::size_t size) {
-  std::size_t length = ::strnlen(buffer, size);
-  if (length == size) {
-    std::size_t next = 0;
-    do {
-      length = next;
-      next += ::IsDBCSLeadByte(static_cast<BYTE>(buffer[next])) != FALSE ? 2 : 1;
-    } while (next < size);
-  }
-  return {buffer, length};
+  return std::string(CutText({buffer, ::strnlen(buffer, size)}, size - 1));
 }
 
 std::string TextOf(const StringRecord& record) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/double_byte.h"
 #include "platform/handles.h"
 #include "platform/registry.h"
 #include "platform/trace.h"
@@ -22,32 +23,14 @@ constexpr char kGuidValue[] = "GuidPrinter";
 constexpr std::string_view kMarker = "\\CSR|";
 constexpr std::string_view kBareMarker = "CSR|";
 
-// Where `wanted` stands in `text`, looked for at whole characters only.
-std::size_t FindText(std::string_view text, std::string_view wanted) {
-  for (std::size_t at = 0; at + wanted.size() <= text.size();
-       at += ::IsDBCSLeadByte(static_cast<BYTE>(text[at])) != FALSE ? 2 : 1) {
-    if (text.substr(at, wanted.size()) == wanted) {
-      return at;
-    }
-  }
-  return std::string_view::npos;
-}
-
 bool Contains(std::string_view text, std::string_view wanted) {
   return FindText(text, wanted) != std::string_view::npos;
 }
 
 // The text behind the last backslash. One in the first position is not considered.
 std::string_view ShortName(std::string_view printerName) {
-  std::size_t begin = 0;
-  for (std::size_t at = 0; at < printerName.size(); ++at) {
-    if (::IsDBCSLeadByte(static_cast<BYTE>(printerName[at])) != FALSE) {
-      ++at;
-    } else if (printerName[at] == '\\' && at > 0) {
-      begin = at + 1;
-    }
-  }
-  return printerName.substr(begin);
+  const std::size_t backslash = FindLastOf(printerName, "\\");
+  return backslash != 0 ? printerName.substr(backslash + 1) : printerName;  // npos + 1 is 0
 }
 
 // The part behind the last comma; the whole text when it has none.

@@ -96,11 +96,7 @@ INT_PTR CALLBACK DevicePropPageProc(HWND, UINT message, WPARAM wParam, LPARAM) {
   if (LOWORD(wParam) != IDC_DEVICE_AUTHENTICATION) {
     return 1;
   }
-  try {
-    return OpenAuthenticationManager();
-  } catch (...) {
-    return 0;
-  }
+  return GuardedOr(INT_PTR{0}, &OpenAuthenticationManager);
 }
 
 HRESULT RecordPrinter(OEMCUIPPARAM& param) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/boundary.h"
 #include "platform/resources.h"
 #include "session/plugin_context.h"
 
@@ -87,11 +88,8 @@ HMODULE LoadSatellite() {
 
 void AddLiveObject() noexcept {
   if (g_liveObjects <= 0) {
-    try {
-      SetSatelliteInstance(LoadSatellite());
-    } catch (...) {
-      SetSatelliteInstance(nullptr);  // out of memory: the plug-in's own resources serve
-    }
+    // Without memory the plug-in's own resources serve.
+    SetSatelliteInstance(GuardedOr<HINSTANCE>(nullptr, &LoadSatellite));
   }
   ++g_liveObjects;
   ThePlugInContext().instance = ResourceInstance();

@@ -6,6 +6,7 @@
 
 #include "bridge/companion.h"
 #include "pages/pages.h"
+#include "platform/boundary.h"
 #include "platform/resources.h"
 #include "platform/trace.h"
 #include "res/resource_ids.h"
@@ -259,11 +260,8 @@ LONG CALLBACK CAdvancedSettingPageDlg::TreeViewProc(CPSUICBPARAM* parameters) no
 }
 
 COMPROPSHEETUI* PrepareAdvancedTree(SheetContext& sheet) noexcept {
-  try {
-    return CAdvancedSettingPageDlg::Prepare(sheet);
-  } catch (...) {
-    return nullptr;
-  }
+  return GuardedOr<COMPROPSHEETUI*>(nullptr,
+                                    [&] { return CAdvancedSettingPageDlg::Prepare(sheet); });
 }
 
 }  // namespace zn

@@ -5,6 +5,7 @@
 #include "pages/standardpage.h"
 #include "pages/traypage.h"
 #include "pages/watermarkpage.h"
+#include "platform/boundary.h"
 #include "res/resource_ids.h"
 
 namespace zn {
@@ -13,12 +14,10 @@ namespace {
 // Builds a fresh page object for the message. No exception leaves it.
 template <class Page, auto... kConstants>
 INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  try {
+  return GuardedOr(INT_PTR{0}, [&] {
     Page page(window, &ThePlugInContext(), kConstants...);
-    return static_cast<int>(page.DlgProc(message, wParam, lParam));
-  } catch (...) {
-    return 0;
-  }
+    return INT_PTR{static_cast<int>(page.DlgProc(message, wParam, lParam))};
+  });
 }
 
 constexpr std::array<PageDefinition, kDialogPageCount> kPages{{

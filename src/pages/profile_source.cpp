@@ -3,23 +3,17 @@
 #include <string>
 #include <string_view>
 
-#include "platform/code_page.h"
+#include "platform/double_byte.h"
 #include "platform/spooler.h"
 #include "session/job_values.h"
 
 namespace zn {
 namespace {
 
-// The folder of `path` without a backslash at its end; empty when the path has none. The second
-// byte of a double-byte character may look like a backslash.
-std::string FolderOf(const char* path) {
-  const char* end = path;
-  for (const char* at = path; *at != '\0'; at = ::CharNextA(at)) {
-    if (*at == '\\') {
-      end = at;
-    }
-  }
-  return {path, end};
+// The folder of `path` without a backslash at its end; empty when the path has none.
+std::string FolderOf(std::string_view path) {
+  const std::size_t backslash = FindLastOf(path, "\\");
+  return std::string(path.substr(0, backslash != path.npos ? backslash : 0));
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include "pages/restriction_question.h"
 
-#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "bridge/companion.h"
+#include "platform/double_byte.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 
@@ -22,16 +22,7 @@ std::string OptionName(const CompanionModule& companion, KeywordId id, std::uint
   constexpr std::size_t kNameSize = 64;  // bytes, terminator included
   std::string name;
   companion.GetKeywordOption(id, selection, name);
-  std::size_t length = 0;
-  while (length < name.size()) {  // no half of a double-byte character stays behind
-    const std::size_t width = ::IsDBCSLeadByte(static_cast<BYTE>(name[length])) ? 2 : 1;
-    if (length + width >= kNameSize) {
-      break;
-    }
-    length += width;
-  }
-  name.resize(std::min(length, name.size()));
-  return name;
+  return std::string(CutText(name, kNameSize - 1));
 }
 
 // One setting as the user is told about it.

@@ -7,6 +7,16 @@
 
 namespace zn {
 
+// The body's result; `otherwise` when it threw.
+template <class Result, class Body>
+Result GuardedOr(Result otherwise, Body&& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return otherwise;
+  }
+}
+
 // The body's result; E_OUTOFMEMORY or E_FAIL when it threw.
 template <class Body>
 HRESULT Guarded(Body&& body) noexcept {

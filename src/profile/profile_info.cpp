@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/double_byte.h"
 #include "platform/trace.h"
 #include "profile/profile_items.h"
 #include "profile/profile_lines.h"
@@ -63,36 +64,10 @@ const char* LocaleName(unsigned ansiCodePage) {
   return "";
 }
 
-bool IsLeadByte(unsigned ansiCodePage, char character) {
-  const auto byte = static_cast<unsigned char>(character);
-  switch (ansiCodePage) {
-    case 932:
-      return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-    case 936:
-    case 949:
-    case 950:
-      return byte >= 0x81 && byte <= 0xFE;
-    default:
-      return false;
-  }
-}
-
-// `name` without folder and extension. The second byte of a double-byte character may look like a
-// backslash.
+// `name` without folder and extension.
 std::string_view BareName(std::string_view name, unsigned ansiCodePage) {
-  std::size_t first = 0;
-  std::size_t dot = name.npos;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    if (IsLeadByte(ansiCodePage, name[i])) {
-      ++i;
-    } else if (name[i] == '\\' || name[i] == '/' || name[i] == ':') {
-      first = i + 1;
-      dot = name.npos;
-    } else if (name[i] == '.') {
-      dot = i;
-    }
-  }
-  return name.substr(first, dot == name.npos ? dot : dot - first);
+  name.remove_prefix(FindLastOf(name, "\\/:", ansiCodePage) + 1);  // npos + 1 is 0
+  return name.substr(0, FindLastOf(name, ".", ansiCodePage));
 }
 
 // Memory stays bounded whatever the file holds: of a longer line the rest is passed over.
