@@ -15,8 +15,8 @@ class Budget(NamedTuple):
 
 
 BUDGETS = [
-    Budget("merge a defaulted block", "merge/defaulted", "merge/memcpy", 5),
-    Budget("merge a block with all texts full", "merge/full", "merge/memcpy", 5),
+    Budget("merge a defaulted block / memcpy", "merge/defaulted", "merge/memcpy", 5),
+    Budget("merge all texts full / plainly", "merge/full", "merge/full_plain", 1 / 3),
     Budget("load a full favourite / GKeyFile", "favorites/load", "favorites/load_gkeyfile", 1 / 4),
     Budget("load a full favourite / inih", "favorites/load", "favorites/load_inih", 1),
     Budget("load and save / GKeyFile", "favorites/save_fresh", "favorites/save_gkeyfile", 1 / 3),

@@ -1,58 +1,49 @@
-// Merging a settings block, held against copying its bytes.
+// Merging a settings block, held against copying its bytes and against a plain merge.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
-#include <memory>
 #include <string>
 
 #include "devmode/devmode.h"
+#include "tests/devmode/reference_merge.h"
 
 namespace {
 
-std::unique_ptr<zn::CDevMode> Defaulted() {
-  auto block = std::make_unique<zn::CDevMode>();
-  block->SetDefaults();
-  return block;
-}
+using zn::CDevMode;
+using zn::test::Defaulted;
 
-std::unique_ptr<zn::CDevMode> AllTextsFull() {
-  auto block = Defaulted();
+CDevMode AllTextsFull() {
+  CDevMode block = Defaulted();
   for (const zn::DevModeField& field : zn::DevModeFields()) {
     if (field.kind == zn::FieldKind::Text) {
-      block->SetText(field.offset, std::string(field.width, 'x'));
+      block.SetText(field.offset, std::string(field.width, 'x'));
     }
   }
   return block;
 }
 
-void MergeBlock(benchmark::State& state, const zn::CDevMode& source) {
-  const auto destination = Defaulted();
+void Measure(benchmark::State& state, const CDevMode& source,
+             void (*work)(CDevMode& destination, const CDevMode& source)) {
+  CDevMode destination = Defaulted();
   for (auto _ : state) {
-    destination->Merge(source);
-    benchmark::DoNotOptimize(destination.get());
+    work(destination, source);
+    benchmark::DoNotOptimize(&destination);
     benchmark::ClobberMemory();
   }
 }
 
-void MergeDefaulted(benchmark::State& state) {
-  MergeBlock(state, *Defaulted());
-}
-void MergeFull(benchmark::State& state) {
-  MergeBlock(state, *AllTextsFull());
+void Merge(CDevMode& destination, const CDevMode& source) {
+  destination.Merge(&source);
 }
 
-void CopyBytes(benchmark::State& state) {
-  const auto source = AllTextsFull();
-  const auto destination = Defaulted();
-  for (auto _ : state) {
-    std::memcpy(destination.get(), source.get(), zn::kDevModeSize);
-    benchmark::DoNotOptimize(destination.get());
-    benchmark::ClobberMemory();
-  }
+void CopyBytes(CDevMode& destination, const CDevMode& source) {
+  std::memcpy(&destination, &source, zn::kDevModeSize);
 }
 
-BENCHMARK(MergeDefaulted)->Name("merge/defaulted");
-BENCHMARK(MergeFull)->Name("merge/full");
-BENCHMARK(CopyBytes)->Name("merge/memcpy");
+BENCHMARK_CAPTURE(Measure, defaulted, Defaulted(), &Merge)->Name("merge/defaulted");
+BENCHMARK_CAPTURE(Measure, memcpy, Defaulted(), &CopyBytes)->Name("merge/memcpy");
+BENCHMARK_CAPTURE(Measure, full, AllTextsFull(), &Merge)->Name("merge/full");
+BENCHMARK_CAPTURE(Measure, full_plain, AllTextsFull(), &zn::test::PlainMerge)
+    ->Name("merge/full_plain");
 
 }  // namespace

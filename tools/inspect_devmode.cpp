@@ -116,7 +116,7 @@ int Print(const char* path) {
     return FailToRead(path);
   }
   const auto repaired = std::make_unique<CDevMode>(*block);
-  repaired->Merge(*block);
+  repaired->Merge(block.get());
   for (const DevModeField& field : DevModeFields()) {
     const std::string value = Value(*block, field);
     const std::string note = Note(*block, *repaired, field);
@@ -134,7 +134,7 @@ int WriteDefault(const char* path) {
   return WriteBlock(path, block);
 }
 
-using Operation = void (CDevMode::*)(const CDevMode&) noexcept;
+using Operation = void (CDevMode::*)(const void*) noexcept;
 
 int Apply(Operation operation, Arguments paths) {
   const BlockPointer source = ReadBlock(paths[0]);
@@ -145,7 +145,7 @@ int Apply(Operation operation, Arguments paths) {
   if (!destination) {
     return FailToRead(paths[1]);
   }
-  (destination.get()->*operation)(*source);
+  (destination.get()->*operation)(source.get());
   return WriteBlock(paths[2], *destination);
 }
 

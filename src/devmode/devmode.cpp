@@ -1,107 +1,42 @@
 #include "devmode/devmode.h"
 
-#include <emmintrin.h>  // SSE2 is part of x64
-
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cassert>
 #include <cstring>
+#include <type_traits>
+#include <utility>
 
-#include "devmode/devmode_fields.h"
 #include "platform/trace.h"
 
-// Every application that touches the printer merges, so the field table is sorted by work at
-// compile time: runs of bytes to copy, texts to clip, numbers to check, texts to clean.
 namespace zn {
 namespace {
 
 using devmode::kFields;
-
-template <auto kWanted>
-constexpr auto SelectFields() {
-  std::array<DevModeField, std::ranges::count_if(kFields, kWanted)> selected{};
-  std::ranges::copy_if(kFields, selected.begin(), kWanted);
-  return selected;
-}
-
-constexpr bool IsText(const DevModeField& field) {
-  return field.kind == FieldKind::Text;
-}
-
-constexpr auto kCleanedTexts = SelectFields<[](const DevModeField& field) {
-  return field.repair == Repair::Controls || field.repair == Repair::Comment;
-}>();
-
-// Where a copied text is cut when the source's has no terminator.
-constexpr auto kClippedTextEnds = [] {
-  constexpr auto kClipped = SelectFields<[](const DevModeField& field) {
-    return IsText(field) && field.copyBound < field.width;
-  }>();
-  std::array<std::size_t, kClipped.size()> ends{};
-  std::ranges::transform(kClipped, ends.begin(), [](const DevModeField& field) {
-    return field.offset + std::size_t{field.copyBound};
-  });
-  return ends;
-}();
-
-struct NumberCheck {
-  std::uint32_t offset, low, span, fallback;
-};
-
-constexpr auto kNumberChecks = [] {
-  constexpr auto kChecked = SelectFields<[](const DevModeField& field) {
-    return field.repair == Repair::Flag || field.repair == Repair::Range;
-  }>();
-  std::array<NumberCheck, kChecked.size()> checks{};
-  std::ranges::transform(kChecked, checks.begin(), [](const DevModeField& field) {
-    return NumberCheck{field.offset, field.low, field.high - field.low, field.fallback};
-  });
-  return checks;
-}();
-
-struct CopyRun {
-  std::size_t begin, end;
-};
-
-constexpr auto kCopyRuns = [] {
-  constexpr auto kStarts = [](std::size_t row) {
-    return kFields[row].copyBound != 0 && kFields[row - 1].copyBound == 0;
-  };
-  constexpr std::size_t kCount = [kStarts] {
-    std::size_t count = 0;
-    for (std::size_t row = 1; row < kFields.size(); ++row) {
-      count += kStarts(row);
-    }
-    return count;
-  }();
-  std::array<CopyRun, kCount> runs{};
-  std::size_t run = 0;
-  for (std::size_t row = 1; row < kFields.size(); ++row) {
-    const DevModeField& field = kFields[row];
-    if (kStarts(row)) {
-      runs[run++].begin = field.offset;
-    }
-    if (field.copyBound != 0) {
-      runs[run - 1].end = field.offset + std::size_t{field.width};
-    }
-  }
-  return runs;
-}();
 
 constexpr unsigned char kFirstPrintable = 0x20;
 constexpr std::byte kCarriageReturn{'\r'};
 constexpr std::byte kLineFeed{'\n'};
 constexpr std::string_view kEnterName = "EnterName";
 
-std::uint32_t ReadDWord(const std::byte* at) noexcept {
+std::uint32_t ReadDWord(const void* at) noexcept {
   std::uint32_t value;
   std::memcpy(&value, at, sizeof value);
   return value;
 }
 
-void WriteDWord(std::byte* at, std::uint32_t value) noexcept {
-  std::memcpy(at, &value, sizeof value);
+constexpr bool IsText(const DevModeField& field) noexcept {
+  return field.kind == FieldKind::Text;
+}
+
+// Whether a copy takes less of the text than its field holds.
+constexpr bool IsClipped(const DevModeField& field) noexcept {
+  return IsText(field) && field.copyBound < field.width;
+}
+
+// The source when its own size is ours. A reference to a shorter one would promise bytes that may
+// not be there.
+const CDevMode* BlockOfOurSize(const void* source) noexcept {
+  return ReadDWord(source) == kDevModeSize ? static_cast<const CDevMode*>(source) : nullptr;
 }
 
 // Characters before the terminator, at most `width`.
@@ -111,45 +46,30 @@ std::size_t TextLength(const std::byte* text, std::size_t width) noexcept {
                         : width;
 }
 
-__m128i Load(const std::byte* text) noexcept {
-  return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-}
-
-// One bit for each of sixteen characters that is a control character or a terminator: both end a
-// stretch of good text.
-std::uint64_t ControlBits(__m128i characters) noexcept {
-  const __m128i highest = _mm_set1_epi8(kFirstPrintable - 1);
-  return static_cast<std::uint64_t>(
-      _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_min_epu8(characters, highest), characters)));
-}
-
 bool IsControl(std::byte character) noexcept {
   return std::to_integer<unsigned char>(character) < kFirstPrintable;
 }
 
+// Whether one of the eight characters is a control character or a terminator: taking a space off
+// sets the highest bit of such a byte only, unless the bit was set before. A borrow reaches further
+// bytes only from a byte that is found anyway.
+bool HasControl(const std::byte* characters) noexcept {
+  constexpr std::uint64_t kEach = 0x0101010101010101;
+  std::uint64_t word;
+  std::memcpy(&word, characters, sizeof word);
+  return ((word - kEach * kFirstPrintable) & ~word & kEach * 0x80) != 0;
+}
+
 // Length of the text up to its first control character or terminator.
 std::size_t PrintableLength(const std::byte* text, std::size_t width) noexcept {
-  constexpr std::size_t kStep = sizeof(__m128i);
-  constexpr std::size_t kStride = 4 * kStep;
-  static_assert(std::ranges::all_of(kCleanedTexts, [](auto& row) { return row.width >= kStep; }));
   std::size_t at = 0;
-  for (; at + kStride <= width; at += kStride) {
-    const __m128i a = Load(text + at);
-    const __m128i b = Load(text + at + kStep);
-    const __m128i c = Load(text + at + 2 * kStep);
-    const __m128i d = Load(text + at + 3 * kStep);
-    if (ControlBits(_mm_min_epu8(_mm_min_epu8(a, b), _mm_min_epu8(c, d))) != 0) {
-      return at + std::countr_zero(ControlBits(a) | ControlBits(b) << kStep |
-                                   ControlBits(c) << 2 * kStep | ControlBits(d) << 3 * kStep);
-    }
+  while (at + sizeof(std::uint64_t) <= width && !HasControl(text + at)) {
+    at += sizeof(std::uint64_t);
   }
-  for (; at < width; at += kStep) {
-    const std::size_t begin = std::min(at, width - kStep);
-    if (const std::uint64_t controls = ControlBits(Load(text + begin)); controls != 0) {
-      return begin + std::countr_zero(controls);
-    }
+  while (at < width && !IsControl(text[at])) {
+    ++at;
   }
-  return width;
+  return at;
 }
 
 // Cuts the control characters out; the rest closes up.
@@ -168,6 +88,14 @@ void CutControls(std::byte* text, std::size_t width, bool keepLineEnds) noexcept
   std::fill(text + to, text + from, std::byte{0});
 }
 
+// Loops of a merge, which runs in every application that touches the printer, are unrolled: with
+// the rows as constants it takes half the time. `work` gets the row's number as a type.
+template <class Work, std::size_t... kRow>
+void ForEachRow(std::index_sequence<kRow...> /*rows*/, const Work& work) noexcept {
+  (work(std::integral_constant<std::size_t, kRow>()), ...);
+}
+constexpr auto kAllRows = std::make_index_sequence<kFields.size()>();
+
 void TraceImpositionTemplate([[maybe_unused]] std::uint32_t value) noexcept {
   ZN_TRACE_TEXT("oemps\\devmode", "CDevMode::Merge", "m_ImpositionTemplate = %d", value);
 }
@@ -175,59 +103,82 @@ void TraceImpositionTemplate([[maybe_unused]] std::uint32_t value) noexcept {
 }  // namespace
 
 void CDevMode::SetDefaults() noexcept {
-  for (const DevModeField& row : kFields) {
-    if (!row.hasDefault) {
+  for (const DevModeField& field : DevModeFields()) {
+    if (!field.hasDefault) {
       continue;
     }
-    if (IsText(row)) {
-      SetText(row.offset, {});
+    if (IsText(field)) {
+      SetText(field.offset, {});
     } else {
-      SetDWord(row.offset, row.defaultValue);
+      SetDWord(field.offset, field.defaultValue);
     }
   }
 }
 
-void CDevMode::CopyFrom(const CDevMode& source) noexcept {
-  if (!HasHeaderOf(source) || !source.Reaches(kDevModeSize)) {
-    return;
-  }
-  for (const CopyRun& run : kCopyRuns) {
-    std::memmove(&bytes_[run.begin], &source.bytes_[run.begin], run.end - run.begin);
-  }
-  ClipTexts();
-}
-
-void CDevMode::ClipTexts() noexcept {
-  for (const std::size_t end : kClippedTextEnds) {
-    bytes_[end] = std::byte{0};
+void CDevMode::CopyFrom(const void* source) noexcept {
+  if (const CDevMode* block = BlockOfOurSize(source)) {
+    CopyFields(*block);
+    for (const DevModeField& field : DevModeFields()) {
+      if (IsClipped(field)) {
+        bytes_[field.offset + std::size_t{field.copyBound}] = std::byte{0};
+      }
+    }
   }
 }
 
-// A source with another header tells nothing but its two flags, and those only when it is so long.
-void CDevMode::Merge(const CDevMode& source) noexcept {
-  const CDevMode& carriedFrom = source.Reaches(devmode::kCarriedFlag + 4) ? source : *this;
-  const std::uint32_t carriedFlag = carriedFrom.GetDWord(devmode::kCarriedFlag);
-  const CDevMode& overWrittenFrom = source.Reaches(devmode::kOverWriteFlag + 4) ? source : *this;
-  const std::uint32_t overWriteFlag = overWrittenFrom.GetDWord(devmode::kOverWriteFlag);
-  CopyFrom(source);
-  ClipTexts();  // also when nothing was copied, so that the next merge finds nothing to clip
-  SetDWord(devmode::kCarriedFlag, carriedFlag);
-
+void CDevMode::Merge(const void* source) noexcept {
+  if (const CDevMode* block = BlockOfOurSize(source)) {
+    const std::uint32_t carriedFlag = block->GetDWord(devmode::kCarriedFlag);
+    const std::uint32_t overWriteFlag = block->GetDWord(devmode::kOverWriteFlag);
+    CopyFields(*block);
+    SetDWord(devmode::kCarriedFlag, carriedFlag);
+    SetDWord(devmode::kOverWriteFlag, overWriteFlag);
+  }
   const std::uint32_t copiedTemplate = GetDWord(devmode::kImpositionTemplate);
   TraceImpositionTemplate(copiedTemplate);
-  for (const NumberCheck& check : kNumberChecks) {
-    if (GetDWord(check.offset) - check.low > check.span) {
-      SetDWord(check.offset, check.fallback);
-    }
-  }
-  for (const DevModeField& row : kCleanedTexts) {
-    CutControls(&bytes_[row.offset], row.width, row.repair == Repair::Comment);
-  }
+  RepairFields();
   if (GetDWord(devmode::kImpositionTemplate) != copiedTemplate) {
     TraceImpositionTemplate(GetDWord(devmode::kImpositionTemplate));
   }
-  SetDWord(devmode::kOverWriteFlag, overWriteFlag);
-  ZN_TRACE_TEXT("oemps\\devmode", "CDevMode::Merge", "pSrcDm->m_OverWriteFlag = %d", overWriteFlag);
+  ZN_TRACE_TEXT("oemps\\devmode", "CDevMode::Merge", "pSrcDm->m_OverWriteFlag = %d",
+                GetDWord(devmode::kOverWriteFlag));
+}
+
+// Whatever lies between two fields that stay the destination's goes in one run.
+void CDevMode::CopyFields(const CDevMode& source) noexcept {
+  if (std::memcmp(bytes_.data(), source.bytes_.data(), kDevModeHeaderSize) != 0) {
+    return;
+  }
+  std::size_t begin = 0;
+  const auto copyUpTo = [&](std::size_t end) {
+    std::memmove(bytes_.data() + begin, source.bytes_.data() + begin, end - begin);
+  };
+  ForEachRow(kAllRows, [&](auto row) {
+    constexpr DevModeField kField = kFields[row];
+    if constexpr (kField.copyBound == 0) {
+      copyUpTo(kField.offset);
+      begin = kField.offset + std::size_t{kField.width};
+    }
+  });
+  copyUpTo(kDevModeSize);
+}
+
+// Texts are clipped here, too: when nothing was copied, the next merge must find nothing to clip.
+void CDevMode::RepairFields() noexcept {
+  ForEachRow(kAllRows, [this](auto row) {
+    constexpr DevModeField kField = kFields[row];
+    std::byte* const at = bytes_.data() + kField.offset;
+    if constexpr (IsClipped(kField)) {
+      at[kField.copyBound] = std::byte{0};
+    }
+    if constexpr (kField.repair == Repair::Flag || kField.repair == Repair::Range) {
+      if (GetDWord(kField.offset) - kField.low > kField.high - kField.low) {
+        SetDWord(kField.offset, kField.fallback);
+      }
+    } else if constexpr (kField.repair != Repair::None) {
+      CutControls(at, kField.width, kField.repair == Repair::Comment);
+    }
+  });
 }
 
 void CDevMode::SetAuthenticationData(std::uint32_t method, std::string_view specify,
@@ -245,18 +196,10 @@ void CDevMode::SetAuthenticationData(std::uint32_t method, std::string_view spec
   SetText(devmode::kAccountId, accountId);
 }
 
-bool CDevMode::HasHeaderOf(const CDevMode& other) const noexcept {
-  return std::memcmp(bytes_.data(), other.bytes_.data(), kDevModeHeaderSize) == 0;
-}
-
 bool CDevMode::IsCurrent() const noexcept {
   return GetDWord(devmode::kSize) == kDevModeSize &&
          GetDWord(devmode::kSignature) == kDevModeSignature &&
          GetDWord(devmode::kVersion) == kDevModeVersion;
-}
-
-bool CDevMode::Reaches(std::size_t end) const noexcept {
-  return GetDWord(devmode::kSize) >= end;
 }
 
 std::uint32_t CDevMode::GetDWord(std::size_t offset) const noexcept {
@@ -266,24 +209,24 @@ std::uint32_t CDevMode::GetDWord(std::size_t offset) const noexcept {
 
 void CDevMode::SetDWord(std::size_t offset, std::uint32_t value) noexcept {
   assert(offset + 4 <= bytes_.size());
-  WriteDWord(bytes_.data() + offset, value);
+  std::memcpy(bytes_.data() + offset, &value, sizeof value);
 }
 
 std::string_view CDevMode::GetText(std::size_t offset) const noexcept {
-  const DevModeField* row = FindDevModeField(offset);
-  assert(row != nullptr && IsText(*row));
+  const DevModeField* field = FindDevModeField(offset);
+  assert(field != nullptr && IsText(*field));
   const std::byte* text = &bytes_[offset];
-  return {reinterpret_cast<const char*>(text), TextLength(text, row->width)};
+  return {reinterpret_cast<const char*>(text), TextLength(text, field->width)};
 }
 
 void CDevMode::SetText(std::size_t offset, std::string_view text) noexcept {
-  const DevModeField* row = FindDevModeField(offset);
-  assert(row != nullptr && IsText(*row));
+  const DevModeField* field = FindDevModeField(offset);
+  assert(field != nullptr && IsText(*field));
   const std::string_view fitting =
-      text.substr(0, std::min(text.find('\0'), row->width - std::size_t{1}));
-  std::byte* field = &bytes_[offset];
-  std::copy(fitting.begin(), fitting.end(), reinterpret_cast<char*>(field));
-  std::memset(field + fitting.size(), 0, row->width - fitting.size());
+      text.substr(0, std::min(text.find('\0'), field->width - std::size_t{1}));
+  std::byte* at = &bytes_[offset];
+  std::copy(fitting.begin(), fitting.end(), reinterpret_cast<char*>(at));
+  std::memset(at + fitting.size(), 0, field->width - fitting.size());
 }
 
 }  // namespace zn

@@ -1,4 +1,3 @@
-// Looking a field up by its offset or private id.
 #include "devmode/devmode_fields.h"
 
 #include <algorithm>
@@ -8,39 +7,19 @@ namespace {
 
 using devmode::kFields;
 
-constexpr std::uint32_t kFirstPrivateId = 4301;
-constexpr std::uint32_t kLastPrivateId = 4355;
-constexpr std::uint8_t kNoRow = 0xFF;
-static_assert(kFields.size() < kNoRow);
-
-constexpr auto kRowOfPrivateId = [] {
-  std::array<std::uint8_t, kLastPrivateId - kFirstPrivateId + 1> rows{};
-  rows.fill(kNoRow);
-  for (std::size_t row = 0; row < kFields.size(); ++row) {
-    if (kFields[row].privateId != 0) {
-      rows[kFields[row].privateId - kFirstPrivateId] = static_cast<std::uint8_t>(row);
-    }
-  }
-  return rows;
-}();
+const DevModeField* RowOrNull(decltype(kFields)::const_iterator row) noexcept {
+  return row != kFields.end() ? &*row : nullptr;
+}
 
 }  // namespace
 
-std::span<const DevModeField> DevModeFields() noexcept {
-  return kFields;
-}
-
 const DevModeField* FindDevModeField(std::size_t offset) noexcept {
-  const auto found = std::ranges::lower_bound(kFields, offset, {}, &DevModeField::offset);
-  return found != kFields.end() && found->offset == offset ? &*found : nullptr;
+  return RowOrNull(std::ranges::find(kFields, offset, &DevModeField::offset));
 }
 
 const DevModeField* FindPrivateField(std::uint32_t privateId) noexcept {
-  if (privateId < kFirstPrivateId || privateId > kLastPrivateId) {
-    return nullptr;
-  }
-  const std::uint8_t row = kRowOfPrivateId[privateId - kFirstPrivateId];
-  return row != kNoRow ? &kFields[row] : nullptr;
+  return privateId != 0 ? RowOrNull(std::ranges::find(kFields, privateId, &DevModeField::privateId))
+                        : nullptr;
 }
 
 }  // namespace zn

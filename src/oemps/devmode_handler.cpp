@@ -48,7 +48,7 @@ HRESULT RefillAuthenticationData(CDevMode& block, HANDLE printer) {
 
 HRESULT Transfer(DWORD mode, const OEMDMPARAM& parameters) {
   auto* destination = static_cast<CDevMode*>(parameters.pOEMDMOut);
-  const auto* source = static_cast<const CDevMode*>(parameters.pOEMDMIn);
+  const void* source = parameters.pOEMDMIn;
   if (destination == nullptr || (source == nullptr && mode != OEMDM_DEFAULT)) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
@@ -60,10 +60,10 @@ HRESULT Transfer(DWORD mode, const OEMDMPARAM& parameters) {
       destination->SetDefaults();
       return S_OK;
     case OEMDM_CONVERT:
-      destination->CopyFrom(*source);
+      destination->CopyFrom(source);
       return S_OK;
     default:
-      destination->Merge(*source);
+      destination->Merge(source);
       return RefillAuthenticationData(*destination, parameters.hPrinter);
   }
 }

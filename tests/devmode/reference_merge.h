@@ -1,9 +1,8 @@
-// A block of defaults, and what a merged block must look like, said as plainly as possible; the
-// merge itself is tuned.
+// The merge said as plainly as possible, byte by byte; the merge itself is tuned.
 #pragma once
 
-#include <string>
-#include <string_view>
+#include <cstddef>
+#include <cstring>
 
 #include "devmode/devmode.h"
 
@@ -15,66 +14,56 @@ inline CDevMode Defaulted() {
   return block;
 }
 
-inline std::string WithoutControls(std::string_view text, bool keepLineEnds) {
-  std::string cleaned;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (keepLineEnds && text.substr(at, 2) == "\r\n") {
-      cleaned += "\r\n";
-      ++at;
-    } else if (static_cast<unsigned char>(text[at]) >= 0x20) {
-      cleaned += text[at];
+inline void PlainCopyOfText(std::byte* to, const std::byte* from, const DevModeField field) {
+  const bool keepsAll = field.repair == Repair::None;
+  const bool keepsLineEnds = field.repair == Repair::Comment;
+  std::size_t length = 0;
+  for (std::size_t at = 0; at < field.copyBound && from[at] != std::byte{0}; ++at) {
+    if (from[at] >= std::byte{' '} || keepsAll) {
+      to[length++] = from[at];
+    } else if (keepsLineEnds && from[at] == std::byte{'\r'} && at + 1 < field.copyBound &&
+               from[at + 1] == std::byte{'\n'}) {
+      to[length++] = from[at++];
+      to[length++] = from[at];
     }
   }
-  return cleaned;
-}
-
-// Whether merging must leave the field as it is.
-inline bool IsGood(const CDevMode& block, const DevModeField& field) {
-  const std::uint32_t value =
-      field.kind == FieldKind::Number ? block.GetDWord(field.offset) : std::uint32_t{0};
-  switch (field.repair) {
-    case Repair::None:
-      return true;
-    case Repair::Flag:
-      return value <= 1;
-    case Repair::Range:
-      return (value >= field.low && value <= field.high) || value == field.fallback;
-    case Repair::Controls:
-    case Repair::Comment: {
-      const std::string_view text = block.GetText(field.offset);
-      return WithoutControls(text, field.repair == Repair::Comment) == text;
-    }
+  if (length < field.width) {
+    to[length] = std::byte{0};
   }
-  return false;
 }
 
-// The offset of the first bad field; -1 when all are good.
-inline int FirstBadField(const CDevMode& block) {
+inline void PlainMerge(CDevMode& destination, const CDevMode& source) {
+  const bool isOurSize = source.GetDWord(devmode::kSize) == kDevModeSize;
+  const CDevMode& told = isOurSize ? source : destination;
+  const bool isSameHeader = std::memcmp(&destination, &told, kDevModeHeaderSize) == 0;
   for (const DevModeField& field : DevModeFields()) {
-    if (!IsGood(block, field)) {
+    const bool isFlagOfOtherHeader =
+        field.offset == devmode::kCarriedFlag || field.offset == devmode::kOverWriteFlag;
+    const bool isCopied = isFlagOfOtherHeader || (isSameHeader && field.copyBound != 0);
+    const CDevMode& from = isCopied ? told : destination;
+    if (field.kind == FieldKind::Text) {
+      PlainCopyOfText(&destination.Bytes()[field.offset], &from.Bytes()[field.offset], field);
+    } else if (field.kind == FieldKind::Number) {
+      const std::uint32_t value = from.GetDWord(field.offset);
+      const bool isGood = field.repair == Repair::None ||  //
+                          (value >= field.low && value <= field.high);
+      destination.SetDWord(field.offset, isGood ? value : field.fallback);
+    }
+  }
+}
+
+// The offset of the first field that says something else; -1 when there is none.
+inline int FirstDifference(const CDevMode& left, const CDevMode& right) {
+  for (const DevModeField& field : DevModeFields()) {
+    const bool isSame = field.kind == FieldKind::Text
+                            ? left.GetText(field.offset) == right.GetText(field.offset)
+                            : std::memcmp(&left.Bytes()[field.offset], &right.Bytes()[field.offset],
+                                          field.width) == 0;
+    if (!isSame) {
       return field.offset;
     }
   }
   return -1;
 }
-
-// A block with guard bytes around it.
-struct GuardedBlock {
-  static constexpr std::byte kGuard{0xA5};
-
-  GuardedBlock() {
-    before.fill(kGuard);
-    after.fill(kGuard);
-  }
-  [[nodiscard]] bool IsIntact() const {
-    std::array<std::byte, 64> guard;
-    guard.fill(kGuard);
-    return before == guard && after == guard;
-  }
-
-  std::array<std::byte, 64> before;
-  CDevMode block{};
-  std::array<std::byte, 64> after;
-};
 
 }  // namespace zn::test
