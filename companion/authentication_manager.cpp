@@ -22,6 +22,26 @@ class AuthenticationDialog {
 
   int Run() { return RunDialog(IDD_AUTHENTICATION, ::GetActiveWindow(), *this); }
 
+  // "method", "name" (an entered one), "password" and "account" change the data.
+  bool Apply(const std::vector<Assignment>& assignments) {
+    if (!mayChange_) {
+      return false;
+    }
+    for (const auto& [name, value] : assignments) {
+      if (name == "method") {
+        data_.method = static_cast<DWORD>(std::atoi(value.c_str()));
+      } else if (name == "name") {
+        data_.enteredName = true;
+        data_.name = value;
+      } else if (name == "password") {
+        data_.password = value;
+      } else if (name == "account") {
+        data_.accountId = value;
+      }
+    }
+    return WriteAuthenticationData(printer_, printerKey_, data_);
+  }
+
   void OnInitDialog(HWND window) {
     dialog_ = window;
     ::SetDlgItemTextA(dialog_, IDC_PRINTER_KEY, printerKey_);
@@ -116,34 +136,6 @@ class AuthenticationDialog {
   HWND dialog_ = nullptr;
 };
 
-// "method", "name" (an entered one), "password" and "account" change the data.
-bool StoreUnattended(HANDLE printer, const char* printerKey,
-                     const std::vector<Assignment>& assignments) {
-  AuthenticationData data = ReadAuthenticationData(printer, printerKey);
-  for (const auto& [name, value] : assignments) {
-    if (name == "method") {
-      data.method = static_cast<DWORD>(std::atoi(value.c_str()));
-    } else if (name == "name") {
-      data.enteredName = true;
-      data.name = value;
-    } else if (name == "password") {
-      data.password = value;
-    } else if (name == "account") {
-      data.accountId = value;
-    }
-  }
-  return WriteAuthenticationData(printer, printerKey, data);
-}
-
-int Run(HANDLE printer, const char* printerKey, bool mayChange) {
-  const UnattendedAnswer answer = ReadUnattendedAnswer();
-  if (!answer.active) {
-    return AuthenticationDialog(printer, printerKey, mayChange).Run();
-  }
-  const bool store = answer.button == IDOK && mayChange;
-  return store && StoreUnattended(printer, printerKey, answer.assignments) ? IDOK : IDCANCEL;
-}
-
 }  // namespace
 }  // namespace zn::companion
 
@@ -154,7 +146,7 @@ extern "C" int OnAuthenticationManagerDlg(void* printer, char* printerKey, int p
     return 0;
   }
   try {
-    return Run(printer, printerKey, permission != 0) == IDOK;
+    return AnswerOrRun(AuthenticationDialog(printer, printerKey, permission != 0)) == IDOK;
   } catch (...) {
     return 0;
   }

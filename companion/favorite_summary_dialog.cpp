@@ -29,6 +29,21 @@ class FavoriteSummaryDialog {
 
   int Run() { return RunDialog(IDD_FAVORITE_SUMMARY, call_.owner, *this); }
 
+  // "delete=NAME" removes a favourite, "select=NAME" leaves it selected.
+  bool Apply(const std::vector<Assignment>& assignments) {
+    for (const auto& [name, value] : assignments) {
+      for (int row = 0; row < call_.count; ++row) {
+        if (value == call_.favorites[row].name && name == "delete") {
+          call_.deleted[row] = 1;
+        } else if (value == call_.favorites[row].name && name == "select") {
+          *call_.selection = row;
+          ::lstrcpynA(call_.name, value.c_str(), companion_abi::kPathSize);
+        }
+      }
+    }
+    return true;
+  }
+
   void OnInitDialog(HWND window) {
     dialog_ = window;
     if (call_.page != nullptr) {
@@ -140,31 +155,10 @@ class FavoriteSummaryDialog {
   HWND dialog_ = nullptr;
 };
 
-// "delete=NAME" removes a favourite, "select=NAME" leaves it selected.
-void Apply(const FavoriteSummaryCall& call, const std::vector<Assignment>& assignments) {
-  for (const auto& [name, value] : assignments) {
-    for (int row = 0; row < call.count; ++row) {
-      if (value == call.favorites[row].name && name == "delete") {
-        call.deleted[row] = 1;
-      } else if (value == call.favorites[row].name && name == "select") {
-        *call.selection = row;
-        ::lstrcpynA(call.name, value.c_str(), companion_abi::kPathSize);
-      }
-    }
-  }
-}
-
 }  // namespace
 
 int RunFavoriteSummaryDialog(const FavoriteSummaryCall& call) {
-  const UnattendedAnswer answer = ReadUnattendedAnswer();
-  if (!answer.active) {
-    return FavoriteSummaryDialog(call).Run();
-  }
-  if (answer.button == IDOK) {
-    Apply(call, answer.assignments);
-  }
-  return answer.button;
+  return AnswerOrRun(FavoriteSummaryDialog(call));
 }
 
 }  // namespace zn::companion

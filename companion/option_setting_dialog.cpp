@@ -34,6 +34,22 @@ class OptionSettingDialog {
 
   int Run() { return RunDialog(IDD_OPTION_SETTING, call_.owner, *this); }
 
+  // "TAG=number or text" changes a field, "profile=NAME" the profile.
+  bool Apply(const std::vector<Assignment>& assignments) {
+    for (const auto& [name, value] : assignments) {
+      if (name == "profile") {
+        ::lstrcpynA(call_.profile, value.c_str(), companion_abi::kPathSize);
+      } else if (const ddb::Tag* tag = ddb::FindTag(name)) {
+        if (tag->kind == ddb::kText) {
+          ddb::SetText(body_, *tag, value);
+        } else {
+          ddb::SetInteger(body_, *tag, std::atoi(value.c_str()));
+        }
+      }
+    }
+    return true;
+  }
+
   void OnInitDialog(HWND window) {
     dialog_ = window;
     for (const ListField& field : kListFields) {
@@ -96,32 +112,10 @@ class OptionSettingDialog {
   HWND dialog_ = nullptr;
 };
 
-// "TAG=number or text" changes a field, "profile=NAME" the profile.
-void Apply(const OptionSettingCall& call, const std::vector<Assignment>& assignments) {
-  for (const auto& [name, value] : assignments) {
-    if (name == "profile") {
-      ::lstrcpynA(call.profile, value.c_str(), companion_abi::kPathSize);
-    } else if (const ddb::Tag* tag = ddb::FindTag(name)) {
-      if (tag->kind == ddb::kText) {
-        ddb::SetText(call.working->m_Body, *tag, value);
-      } else {
-        ddb::SetInteger(call.working->m_Body, *tag, std::atoi(value.c_str()));
-      }
-    }
-  }
-}
-
 }  // namespace
 
 int RunOptionSettingDialog(const OptionSettingCall& call) {
-  const UnattendedAnswer answer = ReadUnattendedAnswer();
-  if (!answer.active) {
-    return OptionSettingDialog(call).Run();
-  }
-  if (answer.button == IDOK) {
-    Apply(call, answer.assignments);
-  }
-  return answer.button;
+  return AnswerOrRun(OptionSettingDialog(call));
 }
 
 }  // namespace zn::companion

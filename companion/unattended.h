@@ -23,4 +23,15 @@ struct UnattendedAnswer {
 
 [[nodiscard]] UnattendedAnswer ReadUnattendedAnswer();
 
+// Shows a dialog, or answers in its place. Run() shows it and tells the button; Apply(assignments)
+// does what an "ok" stands for and tells whether it could.
+template <class Dialog>
+[[nodiscard]] int AnswerOrRun(Dialog&& dialog) {
+  const UnattendedAnswer answer = ReadUnattendedAnswer();
+  if (!answer.active) {
+    return dialog.Run();
+  }
+  return answer.button == IDOK && dialog.Apply(answer.assignments) ? IDOK : IDCANCEL;
+}
+
 }  // namespace zn::companion

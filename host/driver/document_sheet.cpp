@@ -22,14 +22,13 @@ QueueDevMode DocumentSheet::StartDevMode(const PlugIn& plugIn, const Queue& queu
   return start;
 }
 
-DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevMode& start,
-                             const DocumentSheetOptions& options)
-    : DriverSheet(plugIn, queue, &IPrintOemUI::DocumentPropertySheets, options.flags,
+DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevMode& start)
+    : DriverSheet(plugIn, queue, &IPrintOemUI::DocumentPropertySheets, DM_IN_PROMPT,
                   IDS_PREFERENCES_TITLE),
       start_(start),
       devMode_(start),
       kept_(start),
-      items_(queue.Description(), start, options.withPageOrder) {
+      items_(queue.Description(), start) {
   itemParameter_.pPublicDM = sheetParameter_.pPublicDM = &devMode_.Public();
   itemParameter_.pOEMDM = sheetParameter_.pOEMDM = devMode_.Private().block.Bytes().data();
   plugIn_.Helper().SetItems(&items_);
@@ -38,7 +37,9 @@ DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevM
   sheetParameter_.pOEMUserData = itemParameter_.pOEMUserData;
   sheet_.SetApplied([this] { KeepApplied(); });
   initTime_ = MillisecondsNow();
-  initResult_ = AddPages();
+  if (FAILED(AddPages())) {
+    faults_.emplace_back("DocumentPropertySheets failed");
+  }
 }
 
 DocumentSheet::~DocumentSheet() {

@@ -11,11 +11,6 @@
 
 namespace zn::host {
 
-struct DocumentSheetOptions {
-  DWORD flags = DM_IN_PROMPT;  // DM_ flags of the sheet
-  bool withPageOrder = true;   // whether the driver offers a page-order item
-};
-
 class DocumentSheet : public DriverSheet {
  public:
   // The DEVMODE that a sheet of the queue starts from: `stored`, or the queue's stored one, with
@@ -24,15 +19,12 @@ class DocumentSheet : public DriverSheet {
                                                  const QueueDevMode* stored = nullptr);
 
   // Has the plug-in prepare the sheet and add its pages; shows nothing yet.
-  DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevMode& start,
-                const DocumentSheetOptions& options = {});
+  DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevMode& start);
   ~DocumentSheet();
 
   [[nodiscard]] OptionItems& Items() { return items_; }
   [[nodiscard]] QueueDevMode& DevMode() { return devMode_; }
   [[nodiscard]] const QueueDevMode& Start() const { return start_; }
-  // Whether DocumentPropertySheets was answered with a success code.
-  [[nodiscard]] HRESULT InitResult() const { return initResult_; }
   // The performance counter when DocumentPropertySheets was called, in milliseconds.
   [[nodiscard]] double InitTime() const { return initTime_; }
 
@@ -40,8 +32,8 @@ class DocumentSheet : public DriverSheet {
   // successful Apply or OK, else the one that the sheet started from.
   QueueDevMode Finish();
 
-  // What a careful driver notices: items that changed unannounced, items left visible, a damaged
-  // heap or blocks left on it. Complete after Finish.
+  // What a careful driver notices: refused calls, items that changed unannounced, items left
+  // visible, a damaged heap or blocks left on it. Complete after Finish.
   [[nodiscard]] const std::vector<std::string>& Faults() const { return faults_; }
 
  private:
@@ -53,7 +45,6 @@ class DocumentSheet : public DriverSheet {
   QueueDevMode devMode_;  // what the plug-in works on
   QueueDevMode kept_;
   OptionItems items_;
-  HRESULT initResult_ = E_FAIL;
   double initTime_ = 0;
   bool finished_ = false;
   std::vector<std::string> faults_;

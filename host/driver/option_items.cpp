@@ -59,8 +59,7 @@ bool IsKeywordFeature(const Feature& feature) {
 
 }  // namespace
 
-OptionItems::OptionItems(const PrinterDescription& description, const QueueDevMode& devmode,
-                         bool withPageOrder)
+OptionItems::OptionItems(const PrinterDescription& description, const QueueDevMode& devmode)
     : description_(description) {
   const ItemSelections& selections = devmode.Private().items;
   AddHeading(0, L"用紙/出力");
@@ -68,9 +67,7 @@ OptionItems::OptionItems(const PrinterDescription& description, const QueueDevMo
     if (kStandardItems[row].publicItem == DMPUB_PRINTQUALITY) {
       AddHeading(0, L"グラフィックス");
     }
-    if (withPageOrder || kStandardItems[row].publicItem != DMPUB_PAGEORDER) {
-      AddStandardItem(row, 1, selections);
-    }
+    AddStandardItem(row, 1, selections);
   }
   AddHeading(0, kDocumentOptionsName);
   AddHeading(1, L"PostScript オプション");

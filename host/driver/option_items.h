@@ -22,9 +22,7 @@ struct OptionChange {
 
 class OptionItems {
  public:
-  // `withPageOrder`: whether the core driver offers a page-order item.
-  OptionItems(const PrinterDescription& description, const QueueDevMode& devmode,
-              bool withPageOrder = true);
+  OptionItems(const PrinterDescription& description, const QueueDevMode& devmode);
   OptionItems(const OptionItems&) = delete;
   OptionItems& operator=(const OptionItems&) = delete;
 

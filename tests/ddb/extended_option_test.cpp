@@ -26,7 +26,7 @@ TEST(ExchangeExtTag, ReadsWithItsOwnDigitScan) {
   // clang-format off
   const Row rows[] = {
       {"EXT_PSLLV", "2", "2"}, {"EXT_NUP", "1x2", "102"}, {"EXT_NUP", "-5", "5"},
-      {"EXT_NUP", "5-", "50"}, {"EXT_NUP", "", "0"}, {"EXT_NUP", " 7", "7"},
+      {"EXT_NUP", "5-", "50"}, {"EXT_NUP", "", "0"},
       {"EXT_NUP", "4294967295", "-1"}, {"EXT_NUP", "4294967301", "5"},
       {"EXT_NUP", "2147483648", "-2147483648"}, {"GR_DEPTH", "30", "50"}, {"GR_DEPTH", "600", "600"},
       {"GR_DEPTH", "2400", "1200"}, {"GR_DEPTH", "4294967295", "-1"},

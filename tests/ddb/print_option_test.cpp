@@ -1,4 +1,4 @@
-// The record as a block: defaults, persistent image, copying, the contract with the companion.
+// The record as a block: persistent image, copying, the contract with the companion.
 #include "ddb/print_option.h"
 
 #include <gmock/gmock.h>
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "ddb/tag_text.h"
+#include "ddb/tag_table.h"
 
 namespace ddb {
 namespace {
@@ -16,37 +16,8 @@ namespace {
 constexpr PersistentSize kBodySize = 16548;
 constexpr PersistentSize kExtendedSize = 19112;
 
-// The value text of a tag, over a buffer that shows when nothing was written.
-std::string Written(CPrintOption& record, const char* tag) {
-  char text[kValueTextSize] = "(untouched)";
-  ExchangeTag(tag, text, record, false, true);
-  return text;
-}
-
-TEST(PrintOption, StartsWithTheDefaultsOfItsFamilies) {
-  struct Row {
-    const char *tag, *value;
-  };
-  // clang-format off
-  const Row rows[] = {
-      {"PG_NUMBR", "0"}, {"PG_RANGE", "-1"}, {"PG_PPSIZEX", "0.0"}, {"ST_TRAY", "-1"},
-      {"ST_IOSPPTYP", "-1"}, {"ST_BFPPCLR", "-1"}, {"ST_ISPPSIZE", "-1"}, {"ST_FCWIGHT", "0"},
-      {"CL_CMODE", "0"}, {"OUT_PPSW", "21474836.48"}, {"OUT_PPRLM", "214748364.8"},
-      {"RPT_MGNY", "21474836.48"}, {"OUT_BTRMF", "21474836.48"}, {"OUT_BKLX", "0.0"},
-      {"BUILD_COVER_FRONT", "0"}, {"OBT_DGAINLV", "-1"}, {"CBS_PRT", "-1"}, {"CBS_PG", "-1"},
-      {"USR_NAME", ""}, {"PG_SIZEX", "(untouched)"},
-  };
-  // clang-format on
-  CPrintOption record;
-  for (const Row& row : rows) {
-    EXPECT_EQ(Written(record, row.tag), row.value) << row.tag;
-  }
-  EXPECT_EQ(record.m_Body.CBS_PRT, 65535);
-}
-
 TEST(PrintOption, ExtensionStartsUnspecifiedBesideTwelveValues) {
   const CPrintOptionEx record(false);
-  EXPECT_FALSE(record.m_JapaneseCodePage);
   EXPECT_THAT(record.m_Extension.codes, ::testing::Each(-1));
   EXPECT_EQ(record.m_Extension.limit, 0x7FFFFFFF);
   EXPECT_THAT(record.m_Extension.reserved, ::testing::Each(0));
@@ -138,7 +109,7 @@ TEST(PrintOption, ScramblesBothPasswordsAndBack) {
                 })));
     EXPECT_EQ(record.m_Body.SP_FMPAS.set, 1);
     EXPECT_EQ(record.m_Body.USR_SCPS.set, 0);  // was empty
-    EXPECT_EQ(Written(record, "USR_SCPS"), "");
+    EXPECT_EQ(GetText(record.m_Body, TagNamed("USR_SCPS")), "");
 
     record.UnscramblePasswords();
     EXPECT_EQ(GetText(record.m_Body, TagNamed("SP_FMPAS")), password);

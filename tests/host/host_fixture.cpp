@@ -11,10 +11,9 @@
 #include "platform/handles.h"
 
 namespace zn::test {
+
 namespace {
-
 const std::string kQueueName = "ZN Host Test";
-
 }  // namespace
 
 void HostTest::SetUpTestSuite() {

@@ -5,7 +5,6 @@
 #include "keywords/keyword_ids.h"
 #include "res/resource_ids.h"
 #include "tests/host/host_fixture.h"
-#include "tests/support/iat_patch.h"
 
 namespace zn::test {
 namespace {
@@ -21,22 +20,10 @@ constexpr int kGray = 1;                                             // of the c
 
 class PreferencesTest : public HostTest {
  protected:
-  // Starts a sheet; it is shown when it has pages.
-  std::unique_ptr<DocumentSheet> Open(const QueueDevMode& start,
-                                      const host::DocumentSheetOptions& options = {}) {
-    auto sheet = std::make_unique<DocumentSheet>(*plugIn_, *queue_, start, options);
-    if (sheet->Sheet().PageCount() > 0) {
-      sheet->Open();
-    }
+  std::unique_ptr<DocumentSheet> Open(const QueueDevMode& start) {
+    auto sheet = std::make_unique<DocumentSheet>(*plugIn_, *queue_, start);
+    sheet->Open();
     return sheet;
-  }
-
-  static void ChangeJobPage(HWND page) {
-    Choose(page, IDC_JOB_COLOR_MODE, kGray);
-    Choose(page, IDC_JOB_PRINTER_MODE, 2);
-    Click(page, IDC_JOB_SPOOL_AFTER_PRINT);
-    Click(page, IDC_JOB_NAME_ENTERED);
-    Enter(page, IDC_JOB_NAME, kJobNameText);
   }
 
   std::string Report(DocumentSheet& sheet, const QueueDevMode& kept) {
@@ -47,7 +34,12 @@ class PreferencesTest : public HostTest {
 TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
   const auto sheet = Open(Defaults());
   ASSERT_EQ(sheet->Sheet().PageCount(), kPages);
-  ChangeJobPage(sheet->Sheet().ShowPage(kJobPage));
+  const HWND jobPage = sheet->Sheet().ShowPage(kJobPage);
+  Choose(jobPage, IDC_JOB_COLOR_MODE, kGray);
+  Choose(jobPage, IDC_JOB_PRINTER_MODE, 2);
+  Click(jobPage, IDC_JOB_SPOOL_AFTER_PRINT);
+  Click(jobPage, IDC_JOB_NAME_ENTERED);
+  Enter(jobPage, IDC_JOB_NAME, kJobNameText);
   sheet->Sheet().PressOk();
   EXPECT_TRUE(sheet->Sheet().EndedWithOk());
   EXPECT_EQ(sheet->Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
@@ -116,47 +108,6 @@ TEST_F(PreferencesTest, DriverNoticesWhatItWasNotTold) {
   sheet->Sheet().PressOk();
   EXPECT_THAT(Lines(Report(*sheet, sheet->Finish()), "fault:"),
               ElementsAre("ZNFold changed without DrvUpdateUISetting"));
-}
-
-int g_warnings = 0;
-int WINAPI CountWarning(HWND, LPCSTR, LPCSTR, UINT) {
-  ++g_warnings;
-  return IDOK;
-}
-
-TEST_F(PreferencesTest, SecondSheetIsWarnedOfAndGetsNoPage) {
-  g_warnings = 0;
-  const ImportPatch messages(plugIn_->Module(), "MessageBoxA", &CountWarning);
-  {
-    const auto first = Open(Defaults());
-    ASSERT_EQ(first->Sheet().PageCount(), kPages);
-    const auto second = Open(Defaults());
-    EXPECT_EQ(second->Sheet().PageCount(), 0);
-    EXPECT_EQ(g_warnings, 1);
-    second->Finish();
-    // The first one's data must outlive the second.
-    ChangeJobPage(first->Sheet().ShowPage(kJobPage));
-    first->Sheet().PressOk();
-    EXPECT_THAT(Lines(Report(*first, first->Finish()), "option"), ::testing::SizeIs(3));
-  }
-  EXPECT_EQ(Open(Defaults())->Sheet().PageCount(), kPages);
-  EXPECT_EQ(g_warnings, 1);
-}
-
-TEST_F(PreferencesTest, EmptyJobNameKeepsTheUserOnThePage) {
-  g_warnings = 0;
-  const ImportPatch messages(plugIn_->Module(), "MessageBoxA", &CountWarning);
-  const auto sheet = Open(Defaults());
-  const HWND page = sheet->Sheet().ShowPage(kJobPage);
-  Click(page, IDC_JOB_NAME_ENTERED);
-  Enter(page, IDC_JOB_NAME, "");
-  EXPECT_EQ(sheet->Sheet().ShowPage(kBasicPage), nullptr);
-  sheet->Sheet().PressOk();
-  EXPECT_TRUE(sheet->Sheet().IsOpen());
-  EXPECT_EQ(g_warnings, 2);
-  Click(page, IDC_JOB_NAME_AUTOMATIC);
-  sheet->Sheet().PressOk();
-  EXPECT_FALSE(sheet->Sheet().IsOpen());
 }
 
 // The tree item whose text begins with `label`.

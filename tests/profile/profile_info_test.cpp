@@ -4,17 +4,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <clocale>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "platform/trace.h"
 #include "tests/profile/reference_walk.h"
+#include "tests/support/temp_folder.h"
 
 namespace zn {
 namespace {
@@ -26,34 +25,6 @@ using ::testing::StartsWith;
 constexpr unsigned kJapanese = 932;
 constexpr std::uint32_t kUntouched = 0xEEEEEEEE;
 using List = std::vector<std::uint32_t>;
-
-// A folder for profile files, removed with them.
-class ProfileFolder {
- public:
-  ProfileFolder()
-      : folder_(std::filesystem::temp_directory_path() /
-                ("zn_profile_" + std::to_string(std::random_device{}()))) {
-    std::filesystem::create_directory(folder_);
-  }
-  ~ProfileFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  ProfileFolder(const ProfileFolder&) = delete;
-  ProfileFolder& operator=(const ProfileFolder&) = delete;
-
-  [[nodiscard]] std::string Path() const { return folder_.string(); }
-
-  // The path of the written file.
-  [[nodiscard]] std::string Write(std::string_view fileName, std::string_view text) const {
-    const std::filesystem::path path = folder_ / fileName;
-    std::ofstream(path, std::ios::binary).write(text.data(), std::ssize(text));
-    return path.string();
-  }
-
- private:
-  std::filesystem::path folder_;
-};
 
 class ProfileInfoTest : public ::testing::Test {
  protected:
@@ -70,6 +41,10 @@ class ProfileInfoTest : public ::testing::Test {
   }
   List Trays() { return Ask(&CProfileInfo::GetTrayConfig, 7, 7); }
   List Outputs() { return Ask(&CProfileInfo::GetOutputConfig, 5, 6); }
+  static List Bounded(List list) {
+    list.push_back(kUntouched);
+    return list;
+  }
   List Punches(int count) { return Ask(&CProfileInfo::GetPunchConfig, count, 3); }
 
   void ExpectEverythingInstalled() {
@@ -84,14 +59,14 @@ class ProfileInfoTest : public ::testing::Test {
     EXPECT_EQ(text, "");
   }
 
-  ProfileFolder folder_;
+  TempFolder folder_;
   CProfileInfo profile_;
 };
 
 TEST_F(ProfileInfoTest, MissingFilesAndFoldersCountAsEverythingInstalled) {
-  for (const char* name : {"/none.cps", ""}) {
+  for (const char* name : {"none.cps", ""}) {
     EXPECT_TRUE(Read("Watermark1=x\n"));
-    EXPECT_FALSE(profile_.ReadProfile((folder_.Path() + name).c_str(), kJapanese));
+    EXPECT_FALSE(profile_.ReadProfile(folder_.Path(name).c_str(), kJapanese));
     ExpectEverythingInstalled();
   }
 }
@@ -104,9 +79,9 @@ TEST_F(ProfileInfoTest, ReadingTwiceForgetsTheFirstFile) {
 }
 
 TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
-  (void)folder_.Write("device.cps", "HasOption_InputSlot=Tray1\n");
+  folder_.Write("device.cps", "HasOption_InputSlot=Tray1\n");
   // The second bytes of these characters are a backslash's.
-  (void)folder_.Write("\x83\x5C\xE0\x5Cx.cps", "HasOption_InputSlot=Tray1\n");
+  folder_.Write("\x83\x5C\xE0\x5Cx.cps", "HasOption_InputSlot=Tray1\n");
   for (const char* name : {"device", "device.cps", "device.txt", "C:\\x.y\\device", "C:device.v1",
                            "../other/device", "\x83\x5C\xE0\x5Cx"}) {
     EXPECT_TRUE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
@@ -119,8 +94,8 @@ TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
 TEST_F(ProfileInfoTest, PathsThatDoNotFitCountAsMissingFiles) {
   const std::string folder = folder_.Path();
   const std::string name(259 - folder.size() - 1 - 4, 'n');
-  (void)folder_.Write(name + ".cps", "\n");
-  (void)folder_.Write(name + "n.cps", "\n");
+  folder_.Write(name + ".cps", "\n");
+  folder_.Write(name + "n.cps", "\n");
   EXPECT_TRUE(profile_.UpdateProfile(folder.c_str(), name.c_str(), kJapanese));
   EXPECT_FALSE(profile_.UpdateProfile(folder.c_str(), (name + 'n').c_str(), kJapanese));
   ExpectEverythingInstalled();
@@ -173,34 +148,27 @@ TEST_F(ProfileInfoTest, ListsAnswerInTheirOrder) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
     EXPECT_TRUE(Read(row.text));
-    for (const auto& [answered, wanted] :
-         {std::pair(Trays(), row.trays), std::pair(Outputs(), row.outputs),
-          std::pair(Punches(3), row.punches)}) {
-      List bounded = wanted;
-      bounded.push_back(kUntouched);
-      EXPECT_EQ(answered, bounded);
-    }
+    EXPECT_EQ(Trays(), Bounded(row.trays));
+    EXPECT_EQ(Outputs(), Bounded(row.outputs));
+    EXPECT_EQ(Punches(3), Bounded(row.punches));
     EXPECT_THAT(Punches(1), ElementsAre(1, kUntouched, kUntouched, kUntouched));
   }
 }
 
 TEST_F(ProfileInfoTest, TextsBeyondTheirListAreTheItemsThatFollow) {
   EXPECT_TRUE(
-      Read("CustomPaperName1=first\nCustomPaperName20=last\nWatermark1=mark\n"
-           "TrappingProfile1=trap\nTrappingProfile100=end\n"));
+      Read("CustomPaperName1=first\nWatermark1=mark\nTrappingProfile1=trap\n"
+           "TrappingProfile100=end\n"));
   const struct {
     int (CProfileInfo::*query)(std::string*, int) const;
     int index;
     const char* text;  // null: refused
   } rows[] = {
       {&CProfileInfo::GetCustomPaperNameConfig, 0, "first"},
-      {&CProfileInfo::GetCustomPaperNameConfig, 19, "last"},
-      {&CProfileInfo::GetCustomPaperNameConfig, 20, ""},
       {&CProfileInfo::GetCustomPaperNameConfig, 30, "mark"},
       {&CProfileInfo::GetCustomPaperNameConfig, 229, "end"},
       {&CProfileInfo::GetCustomPaperNameConfig, 230, nullptr},
       {&CProfileInfo::GetCustomPaperNameConfig, -1, nullptr},
-      {&CProfileInfo::GetWaterMarkConfig, 0, "mark"},
       {&CProfileInfo::GetWaterMarkConfig, 100, "trap"},
       {&CProfileInfo::GetWaterMarkConfig, 199, "end"},
       {&CProfileInfo::GetWaterMarkConfig, 200, nullptr},
@@ -211,22 +179,17 @@ TEST_F(ProfileInfoTest, TextsBeyondTheirListAreTheItemsThatFollow) {
     std::string text = "untouched";
     EXPECT_EQ((profile_.*row.query)(&text, row.index), row.text != nullptr ? 1 : 0) << row.index;
     EXPECT_EQ(text, row.text != nullptr ? row.text : "untouched") << row.index;
+    EXPECT_EQ((profile_.*row.query)(nullptr, 0), 0);
   }
-  EXPECT_EQ(profile_.GetCustomPaperNameConfig(nullptr, 0), 0);
-  EXPECT_EQ(profile_.GetWaterMarkConfig(nullptr, 0), 0);
 }
 
 TEST_F(ProfileInfoTest, ListsOfAnotherLengthAreLeftAlone) {
   std::array<std::uint32_t, 8> list;
   list.fill(kUntouched);
-  for (const int count : {INT_MIN, -1, 0, 5, 6, 8}) {
+  for (const int count : {INT_MIN, -1, 0, 6, 8}) {
     EXPECT_EQ(profile_.GetTrayConfig(list.data(), count), 0) << count;
-  }
-  for (const int count : {INT_MIN, -1, 0, 4, 6, 7}) {
     EXPECT_EQ(profile_.GetOutputConfig(list.data(), count), 0) << count;
-  }
-  for (const int count : {INT_MIN, -1, 0}) {
-    EXPECT_EQ(profile_.GetPunchConfig(list.data(), count), 0) << count;
+    EXPECT_EQ(profile_.GetPunchConfig(list.data(), std::min(count, 0)), 0) << count;
   }
   EXPECT_THAT(list, Each(kUntouched));
   EXPECT_EQ(profile_.GetTrayConfig(nullptr, 7), 0);

@@ -31,7 +31,7 @@ class TempFolder {
   }
 
   std::string Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream file(Path(name), std::ios::binary);
+    std::ofstream file(folder_ / name, std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     EXPECT_TRUE(file.flush()) << "cannot write " << Path(name);
     return Path(name);
