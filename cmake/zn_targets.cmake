@@ -13,6 +13,11 @@ if(WIN32)
   # Format checking knows the msvcrt formats only with this; casts of GetProcAddress are wanted.
   target_compile_options(zn_options INTERFACE -Wno-cast-function-type -ffunction-sections
                                               -fdata-sections)
+  if(NOT ZN_SHIPPED_DIR)
+    # What ships: checked frames, and no guards of local statics, which would need a thread runtime;
+    # those statics belong to the user-interface thread.
+    target_compile_options(zn_options INTERFACE -fstack-protector-strong -fno-threadsafe-statics)
+  endif()
   target_link_options(zn_options INTERFACE -static -Wl,--gc-sections -Wl,--dynamicbase
                                            -Wl,--nxcompat -Wl,--high-entropy-va)
 endif()

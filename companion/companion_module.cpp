@@ -4,11 +4,6 @@
 
 #include "companion/call_counter.h"
 
-// Of the C++ runtime: frees what it keeps for exceptions when memory has run out.
-namespace __gnu_cxx {
-void __freeres();
-}
-
 namespace zn::companion {
 namespace {
 HINSTANCE g_instance = nullptr;
@@ -46,8 +41,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserve
     zn::companion::OpenCallCounts();
   } else if (reason == DLL_PROCESS_DETACH) {
     zn::companion::CloseCallCounts();
-    // The module is loaded again and again; the runtime alone would leave this behind each time.
-    __gnu_cxx::__freeres();
   }
   return TRUE;
 }
