@@ -1,4 +1,5 @@
 // zninspect devmode: prints a settings block field by field, or makes one.
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -6,8 +7,11 @@
 #include <string>
 #include <string_view>
 
+#include "ddb/password.h"
 #include "devmode/devmode.h"
+#include "favorites/settings_mapping.h"
 #include "tools/commands.h"
+#include "tools/shown_text.h"
 
 namespace zn::inspect {
 namespace {
@@ -47,22 +51,11 @@ int WriteBlock(const char* path, const CDevMode& block) {
   return kOk;
 }
 
-// One line per field, so control characters are shown as escapes; all other bytes pass through.
-std::string EscapeControls(std::string_view text) {
-  std::string shown;
-  for (const char character : text) {
-    const auto code = static_cast<unsigned char>(character);
-    if (code >= 0x20) {
-      shown += character;
-    } else if (character == '\r' || character == '\n' || character == '\t') {
-      shown.append({'\\', character == '\r' ? 'r' : character == '\n' ? 'n' : 't'});
-    } else {
-      char escape[5];
-      std::snprintf(escape, sizeof escape, "\\x%02X", code);
-      shown += escape;
-    }
-  }
-  return shown;
+bool IsPassword(const DevModeField& field) {
+  return field.offset == devmode::kJobOwnerPassword ||
+         std::ranges::any_of(SettingTexts(), [&](const SettingText& text) {
+           return text.offset == field.offset && ddb::IsPassword(*text.tag);
+         });
 }
 
 std::string HexBytes(std::span<const std::byte> bytes) {
@@ -79,7 +72,8 @@ std::string HexBytes(std::span<const std::byte> bytes) {
 std::string Value(const CDevMode& block, const DevModeField& field) {
   switch (field.kind) {
     case FieldKind::Text:
-      return EscapeControls(block.GetText(field.offset));
+      return IsPassword(field) ? PasswordNote(block.GetText(field.offset))
+                               : EscapeControls(block.GetText(field.offset));
     case FieldKind::Reserved:
       return HexBytes(block.Bytes().subspan(field.offset, field.width));
     default:

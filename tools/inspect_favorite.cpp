@@ -3,16 +3,18 @@
 #include <string>
 
 #include "ddb/extended_option.h"
+#include "ddb/password.h"
 #include "ddb/tag_text.h"
 #include "favorites/favorite_file.h"
 #include "tools/commands.h"
+#include "tools/shown_text.h"
 
 namespace zn::inspect {
 namespace {
 
 void PrintItem(std::string_view tag, std::string_view value) {
   std::string line(tag);
-  line.append(1, '=').append(value).append(1, '\n');
+  line.append(1, '=').append(EscapeControls(value)).append(1, '\n');
   std::fwrite(line.data(), 1, line.size(), stdout);
 }
 
@@ -28,7 +30,7 @@ void PrintEntry(const FavoriteEntry& entry) {
   }
   for (const ddb::Tag& tag : ddb::kTags) {
     if (const auto value = ddb::ValueText(entry.option.m_Body, tag, true, scratch)) {
-      PrintItem(tag.name, *value);
+      PrintItem(tag.name, ddb::IsPassword(tag) ? PasswordNote(*value) : *value);
     }
   }
 }

@@ -6,6 +6,7 @@
 #include "platform/code_page.h"
 #include "profile/profile_info.h"
 #include "tools/commands.h"
+#include "tools/shown_text.h"
 
 namespace zn::inspect {
 namespace {
@@ -27,6 +28,7 @@ void PrintTexts(const char* name, const CProfileInfo& profile, TextQuery query, 
   for (int i = 0; i < count; ++i) {
     (profile.*query)(&text, i);
     std::printf("%s%d=", name, i + 1);
+    text = EscapeControls(text);
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::putchar('\n');
   }

@@ -22,8 +22,26 @@ constexpr int kMaxResourceText = static_cast<int>(kPathSize) - 1;
 // No keyword has more options, and no list more names; it ends a module that answers for ever.
 constexpr std::uint32_t kMaxOptions = 1000;
 
-// Anybody can send kSendTreeItemsMessage; its pointer is good only while the dialog is open.
+// Anybody can send kSendTreeItemsMessage, with whatever pointer; the companion does only while its
+// dialog is open.
 bool g_isSummaryOpen = false;
+
+// Whether all of the memory is there to be written to.
+bool IsWritable(const void* memory, std::size_t size) noexcept {
+  constexpr DWORD kWritable =
+      PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
+  const auto* at = static_cast<const std::byte*>(memory);
+  const std::byte* const end = at + size;
+  while (at < end) {
+    MEMORY_BASIC_INFORMATION region{};
+    if (::VirtualQuery(at, &region, sizeof region) == 0 || region.State != MEM_COMMIT ||
+        (region.Protect & kWritable) == 0 || (region.Protect & PAGE_GUARD) != 0) {
+      return false;
+    }
+    at = static_cast<const std::byte*>(region.BaseAddress) + region.RegionSize;
+  }
+  return true;
+}
 
 // A damaged module must not bring up the system's own message box.
 class QuietLoad {
@@ -246,7 +264,7 @@ bool DoModalFavoriteSummaryUI(HANDLE printer, FavoriteSummaryDialog& dialog) {
 
 void SendTreeItems(LPARAM lParam, std::span<const SummaryItem> items) noexcept {
   auto* const table = reinterpret_cast<SummaryItem*>(lParam);
-  if (!g_isSummaryOpen || table == nullptr) {
+  if (!g_isSummaryOpen || !IsWritable(table, kSummaryItemCount * sizeof(SummaryItem))) {
     return;
   }
   const std::size_t rows = std::min(items.size(), kSummaryItemCount);

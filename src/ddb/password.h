@@ -4,7 +4,14 @@
 
 #include <span>
 
+#include "ddb/tag_table.h"
+
 namespace ddb {
+
+// The tags whose texts are passwords.
+[[nodiscard]] constexpr bool IsPassword(const Tag& tag) {
+  return tag.name == "SP_FMPAS" || tag.name == "USR_SCPS";
+}
 
 // Both work in place up to the terminator or the end of the field.
 void ScramblePassword(std::span<char> field);

@@ -80,6 +80,10 @@ SheetContext* CCommonDlg::Sheet() const noexcept {
 }
 
 SheetContext* CCommonDlg::AttachSheet(const PROPSHEETPAGEA* page) const noexcept {
+  // Any process can send a second WM_INITDIALOG, with whatever pointer.
+  if (Sheet() != nullptr) {
+    return nullptr;
+  }
   auto* const sheet = page != nullptr ? reinterpret_cast<SheetContext*>(page->lParam) : nullptr;
   ::SetWindowLongPtrA(window_, DWLP_USER, reinterpret_cast<LONG_PTR>(sheet));
   return sheet;
@@ -116,20 +120,19 @@ int CCommonDlg::Command(const PageTable& table, WORD notifyCode, WORD controlId)
   if (std::ranges::find(table.codes, notifyCode) == table.codes.end()) {
     return table.answerToOtherCodes;
   }
-  PageFrame page(window_, *sheet, table);
   int result = 1;
+  bool isChange = false;
   if (controlId == table.restoreButton) {
-    page.RestoreOthers();
     result = Initialize(sheet, true);
     Redraw();
     MakeActivePage(*sheet);
-    if (!table.restoringIsAChange) {
-      return result;
-    }
+    isChange = table.restoringIsAChange;
   } else {
-    page.Command(notifyCode, controlId);
+    isChange = PageFrame(window_, *sheet, table).Command(notifyCode, controlId);
   }
-  NotifyChanged();
+  if (isChange) {
+    NotifyChanged();
+  }
   return result;
 }
 

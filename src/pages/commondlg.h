@@ -36,7 +36,8 @@ class CCommonDlg {
  protected:
   // Null before WM_INITDIALOG and for a page that got no sheet.
   [[nodiscard]] SheetContext* Sheet() const noexcept;
-  // Stores the sheet of the PROPSHEETPAGE in the window; null when there is none.
+  // Stores the sheet of the PROPSHEETPAGE in the window; null when there is none, and when the
+  // window has one already.
   SheetContext* AttachSheet(const PROPSHEETPAGEA* page) const noexcept;
   // What a page that is a table answers. Activate: the page becomes the active one and shows the
   // current selections. Commit: for pages that store every change at once, leaving them writes the
@@ -69,9 +70,6 @@ class CCommonDlg {
   bool GuardJobName() const;
   // Stores mode and name; false after telling the user that the name is too short or too long.
   bool ApplyJobName(SheetContext& sheet) const;
-  void OpenPrintOptions(SheetContext& sheet);
-  // Shows the current selections.
-  void LoadData(SheetContext& sheet) const;
 };
 
 }  // namespace zn

@@ -8,8 +8,8 @@
 #include "pages/commondlg.h"
 #include "pages/page_frame.h"
 #include "pages/print_option_setting.h"
-#include "pages/profile_source.h"
 #include "pages/pspage.h"
+#include "platform/format_text.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
@@ -23,29 +23,46 @@ constexpr std::array kSpoolRadios{IDC_JOB_SPOOL_NONE, IDC_JOB_SPOOL_AFTER_PRINT,
 // InitColorModel, SetColorModel, GetColorModel, ApplyColorModel; InitPrinterMode, SetPrinterModel,
 // GetPrinterModel; the spool option.
 constexpr std::array kControls{
-    Control{.keyword = KW_COLORMODEL,
-            .kind = ControlKind::ExtendedList,
-            .label = IDC_JOB_COLOR_MODE_LABEL,
-            .id = IDC_JOB_COLOR_MODE,
-            .caption = Caption::CompanionColon,
-            .coding = {.itemData = true}},
-    Control{.keyword = KW_PRINTERMODE,
-            .kind = ControlKind::ExtendedList,
-            .label = IDC_JOB_PRINTER_MODE_LABEL,
-            .id = IDC_JOB_PRINTER_MODE,
-            .caption = Caption::CompanionColon},
-    Control{.keyword = KW_SPOOLOPTION,
-            .kind = ControlKind::Radios,
-            .label = IDC_JOB_SPOOL_GROUP,
-            .radios = kSpoolRadios,
-            .caption = Caption::Companion},
+    ControlRow{.keyword = KW_COLORMODEL,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_JOB_COLOR_MODE_LABEL,
+               .id = IDC_JOB_COLOR_MODE,
+               .caption = Caption::CompanionColon,
+               .coding = {.itemData = true}},
+    ControlRow{.keyword = KW_PRINTERMODE,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_JOB_PRINTER_MODE_LABEL,
+               .id = IDC_JOB_PRINTER_MODE,
+               .caption = Caption::CompanionColon},
+    ControlRow{.keyword = KW_SPOOLOPTION,
+               .kind = ControlKind::Radios,
+               .label = IDC_JOB_SPOOL_GROUP,
+               .radios = kSpoolRadios,
+               .caption = Caption::Companion},
 };
+// The companion module's dialog on the settings of all pages; LoadData is what shows them again.
+void OpenPrintOptions(PageFrame& page) {
+  SheetContext& sheet = page.Sheet();
+  page.Store();
+  const bool accepted = RunPrintOptionSetting(sheet, ::GetParent(page.Window()));
+  page.Show();
+  sheet.activePage = page.Window();
+  if (accepted) {
+    // Pages read the device profile whenever they are filled: the new one serves from now on.
+    page.Refill(KW_COLORMODEL);
+  }
+}
+
+constexpr std::array kButtons{
+    ButtonRow{.id = IDC_JOB_PRINT_OPTIONS, .press = &OpenPrintOptions, .isChange = false}};
+
 constexpr std::array<WORD, 2> kCommandCodes{BN_CLICKED, CBN_SELCHANGE};
 constexpr PageTable kTable{.controls = kControls,
                            .codes = kCommandCodes,
                            .answerToOtherCodes = 0,
                            .restoreButton = IDC_RESTORE_DEFAULTS,
                            .restoringIsAChange = false,
+                           .buttons = kButtons,
                            .readsOnlyWhileActive = true};
 
 constexpr int kMinJobName = 1;
@@ -100,9 +117,6 @@ int CCommonDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {
       case IDC_JOB_NAME:
         GuardJobName();
         break;
-      case IDC_JOB_PRINT_OPTIONS:
-        OpenPrintOptions(*sheet);
-        return 1;
       default:
         break;
     }
@@ -128,25 +142,9 @@ int CCommonDlg::OnKillActive() {
     ShowMessage(window_, IDS_PRINTER_DEFAULT_FAILED, 0, MB_ICONEXCLAMATION);
   }
   PageFrame(window_, *sheet, kTable).Store();
+  Commit();
   CompanionModule(sheet->hPrinter).DeleteMember();
-  return Commit();
-}
-
-void CCommonDlg::LoadData(SheetContext& sheet) const {
-  PageFrame(window_, sheet, kTable).Show();
-}
-
-void CCommonDlg::OpenPrintOptions(SheetContext& sheet) {
-  PageFrame page(window_, sheet, kTable);
-  page.Store();
-  const bool accepted = RunPrintOptionSetting(sheet, ::GetParent(window_));
-  LoadData(sheet);
-  MakeActivePage(sheet);
-  if (accepted) {
-    CProfileInfo profile;
-    UpdateProfile(profile, sheet);
-    page.Fill(false);
-  }
+  return 1;
 }
 
 // --- Job name ---
@@ -200,9 +198,10 @@ bool CCommonDlg::ApplyJobName(SheetContext& sheet) const {
     std::memcpy(sheet.jobName, name.c_str(), name.size() + 1);
     return true;
   }
-  char text[1025];  // wsprintf writes at most 1,024 characters
-  ::wsprintfA(text, LoadResourceString(IDS_JOB_NAME_LENGTH).c_str(), kMinJobName, kMaxJobName);
-  ShowMessage(window_, text, IDS_WARNING_CAPTION, MB_ICONEXCLAMATION);
+  ShowMessage(window_,
+              FillIn(LoadResourceString(IDS_JOB_NAME_LENGTH),
+                     {std::to_string(kMinJobName), std::to_string(kMaxJobName)}),
+              IDS_WARNING_CAPTION, MB_ICONEXCLAMATION);
   return false;
 }
 

@@ -17,40 +17,6 @@ namespace {
 
 constexpr int kNoImage = I_IMAGENONE;
 
-// Keeps a list from painting while its entries change.
-class PaintPause {
- public:
-  explicit PaintPause(HWND list) noexcept : list_(list) {
-    ::SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-  }
-  ~PaintPause() {
-    ::SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
-    ::InvalidateRect(list_, nullptr, TRUE);
-  }
-  PaintPause(const PaintPause&) = delete;
-  PaintPause& operator=(const PaintPause&) = delete;
-
- private:
-  HWND list_;
-};
-
-void AppendEntry(HWND list, ControlKind kind, std::string& text, const int* image) {
-  if (kind != ControlKind::ExtendedList) {
-    ::SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-    return;
-  }
-  COMBOBOXEXITEMA entry{};
-  entry.mask = CBEIF_TEXT;
-  entry.iItem = -1;
-  entry.pszText = text.data();
-  if (image != nullptr) {
-    entry.mask |= CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
-    entry.iImage = *image;
-    entry.iSelectedImage = *image;
-  }
-  ::SendMessageA(list, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
-}
-
 // Per option whether the installed device serves it; nothing when the profile has no answer for so
 // many options.
 std::optional<std::vector<std::uint32_t>> AskDevice(const CProfileInfo& profile,
@@ -102,15 +68,29 @@ const CProfileInfo& PageSources::Profile() {
 bool PageFrame::Fill(bool useDefault) {
   PageSources sources(sheet_);
   const bool isFilled = std::ranges::all_of(
-      table_.controls, [&](const Control& row) { return Fill(row, sources, useDefault); });
-  for (const Control& row : table_.controls) {
-    Select(row, sheet_.Current(row.keyword));
+      table_.controls, [&](const ControlRow& row) { return Fill(row, sources, useDefault); });
+  if (isFilled && useDefault) {
+    for (const KeywordId keyword : table_.alsoRestored) {
+      sheet_.RestoreDefault(keyword);
+    }
   }
   EnableControls();
   return isFilled;
 }
 
-bool PageFrame::Fill(const Control& row, PageSources& sources, bool useDefault) {
+void PageFrame::Refill(KeywordId keyword) {
+  PageSources sources(sheet_);
+  for (const ControlRow& row : table_.controls) {
+    if (row.keyword == keyword) {
+      Fill(row, sources, false);
+    }
+  }
+}
+
+bool PageFrame::Fill(const ControlRow& row, PageSources& sources, bool useDefault) {
+  if (!IsPresent(row)) {
+    return true;
+  }
   const std::uint32_t selection =
       useDefault ? sheet_.Default(row.keyword) : sheet_.Current(row.keyword);
   bool isFilled = false;
@@ -126,27 +106,35 @@ bool PageFrame::Fill(const Control& row, PageSources& sources, bool useDefault) 
     case ControlKind::CheckBox:
       isFilled = Item(row.id) != nullptr;
       SetCaption(row, sources, Item(row.id));
-      Select(row, selection);
       break;
     case ControlKind::UpDown:
-      isFilled = InitUpDown(row, selection);
+      isFilled = InitUpDown(row);
       SetCaption(row, sources, Item(row.label));
       break;
   }
-  if (isFilled && useDefault) {
+  if (!isFilled) {
+    return false;
+  }
+  // First: an up-down control reports the position that it is set to.
+  if (useDefault) {
     sheet_.SetCurrent(row.keyword, selection);
   }
-  return isFilled;
+  if (row.kind == ControlKind::CheckBox || row.kind == ControlKind::UpDown) {
+    Select(row, selection);
+  }
+  if (row.governs) {
+    Show();
+  }
+  return true;
 }
 
-bool PageFrame::InitComboBox(const Control& row, PageSources& sources, std::uint32_t selection) {
+bool PageFrame::InitComboBox(const ControlRow& row, PageSources& sources, std::uint32_t selection) {
   const HWND list = ControlOf(row);
   if (list == nullptr) {
     return false;
   }
   SetCaption(row, sources, Item(row.label));
   const bool isShown = row.coding.Shows(selection);
-  const PaintPause pause(list);
   if (row.coding.misfit == Misfit::Empty && !isShown) {
     ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
     return false;
@@ -156,10 +144,9 @@ bool PageFrame::InitComboBox(const Control& row, PageSources& sources, std::uint
   if (!images) {
     return false;
   }
-  ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
-  for (std::size_t entry = 0; entry < names.size(); ++entry) {
-    AppendEntry(list, row.kind, names[entry], images->empty() ? nullptr : &(*images)[entry]);
-    if (row.coding.itemData) {
+  FillList(list, row.kind == ControlKind::ExtendedList, names, *images);
+  if (row.coding.itemData) {
+    for (std::size_t entry = 0; entry < names.size(); ++entry) {
       ::SendMessageA(list, CB_SETITEMDATA, entry, static_cast<LPARAM>(entry + row.coding.first));
     }
   }
@@ -170,7 +157,7 @@ bool PageFrame::InitComboBox(const Control& row, PageSources& sources, std::uint
   return true;
 }
 
-std::vector<std::string> PageFrame::NamesOf(const Control& row, PageSources& sources) {
+std::vector<std::string> PageFrame::NamesOf(const ControlRow& row, PageSources& sources) {
   if (row.kind == ControlKind::Forms) {
     std::vector<std::string> names(GetFormsCount());
     for (std::uint32_t form = 0; form < names.size(); ++form) {
@@ -189,7 +176,7 @@ std::vector<std::string> PageFrame::NamesOf(const Control& row, PageSources& sou
   return sources.Companion().GetKeywordOptionString(row.keyword, count);
 }
 
-std::optional<std::vector<int>> PageFrame::ImagesOf(const Control& row, PageSources& sources,
+std::optional<std::vector<int>> PageFrame::ImagesOf(const ControlRow& row, PageSources& sources,
                                                     std::size_t count) {
   std::vector<int> images(count, kNoImage);
   HIMAGELIST list = row.images.strip != 0 ? SharedImages(row.images.strip) : nullptr;
@@ -216,9 +203,12 @@ std::optional<std::vector<int>> PageFrame::ImagesOf(const Control& row, PageSour
   return images;
 }
 
-bool PageFrame::InitRadioGroup(const Control& row, PageSources& sources, std::uint32_t selection) {
+bool PageFrame::InitRadioGroup(const ControlRow& row, PageSources& sources,
+                               std::uint32_t selection) {
   const HWND group = Item(row.label);
-  if (row.label != 0 && group == nullptr) {
+  const bool isWhole =
+      std::ranges::all_of(row.radios, [this](int radio) { return Item(radio) != nullptr; });
+  if ((row.label != 0 && group == nullptr) || !isWhole) {
     return false;
   }
   SetCaption(row, sources, group);
@@ -232,7 +222,7 @@ bool PageFrame::InitRadioGroup(const Control& row, PageSources& sources, std::ui
   return true;
 }
 
-bool PageFrame::InitUpDown(const Control& row, std::uint32_t selection) {
+bool PageFrame::InitUpDown(const ControlRow& row) {
   const HWND edit = Item(row.id);
   const HWND arrows = Item(row.arrows);
   if (edit == nullptr || arrows == nullptr) {
@@ -241,11 +231,10 @@ bool PageFrame::InitUpDown(const Control& row, std::uint32_t selection) {
   ::SendMessageA(edit, EM_LIMITTEXT, std::to_string(row.coding.highest).size(), 0);
   ::SendMessageA(arrows, UDM_SETRANGE32, row.coding.lowest,
                  static_cast<LPARAM>(row.coding.highest));
-  Select(row, selection);
   return true;
 }
 
-void PageFrame::SetCaption(const Control& row, PageSources& sources, HWND label) {
+void PageFrame::SetCaption(const ControlRow& row, PageSources& sources, HWND label) {
   if (row.caption != Caption::Template) {
     SetLabelText(label, sources.Companion().GetKeywordTranslation(row.keyword),
                  row.caption == Caption::CompanionColon);
@@ -256,25 +245,26 @@ void PageFrame::SetCaption(const Control& row, PageSources& sources, HWND label)
 
 void PageFrame::Show() {
   PageSources sources(sheet_);
-  for (const Control& row : table_.controls) {
-    if (row.installed != Installed::Always) {
+  for (const ControlRow& row : table_.controls) {
+    if (row.installed != Installed::Always || row.images.of != nullptr) {
       Fill(row, sources, false);
     }
     Select(row, sheet_.Current(row.keyword));
   }
   EnableControls();
+  RedrawIllustration();
 }
 
-void PageFrame::Show(KeywordId keyword, const Control* except) {
-  for (const Control& row : table_.controls) {
+void PageFrame::Show(KeywordId keyword, const ControlRow* except) {
+  for (const ControlRow& row : table_.controls) {
     if (row.keyword == keyword && &row != except) {
       Select(row, sheet_.Current(keyword));
     }
   }
 }
 
-void PageFrame::Select(const Control& row, std::uint32_t selection) {
-  if (!row.coding.Shows(selection)) {
+void PageFrame::Select(const ControlRow& row, std::uint32_t selection) {
+  if (!IsPresent(row) || (row.kind != ControlKind::UpDown && !row.coding.Shows(selection))) {
     return;
   }
   const std::uint32_t entry = LOWORD(selection - row.coding.first);
@@ -290,7 +280,7 @@ void PageFrame::Select(const Control& row, std::uint32_t selection) {
       break;
     default:
       if (row.coding.itemData) {
-        SelectItemData(ControlOf(row), selection);
+        SelectItemData(ControlOf(row), LOWORD(selection));
       } else {
         ::SendMessageA(ControlOf(row), CB_SETCURSEL, entry, 0);
       }
@@ -298,7 +288,7 @@ void PageFrame::Select(const Control& row, std::uint32_t selection) {
 }
 
 void PageFrame::EnableControls() {
-  for (const Control& row : table_.controls) {
+  for (const ControlRow& row : table_.controls) {
     const auto forEachWindow = [&](auto change) {
       for (const int id : row.radios) {
         change(Item(id));
@@ -310,7 +300,12 @@ void PageFrame::EnableControls() {
       }
     };
     if (row.usable != nullptr) {
-      forEachWindow([&](HWND window) { ::EnableWindow(window, row.usable(sheet_)); });
+      const bool isUsable = row.usable(sheet_);
+      forEachWindow([&](HWND window) { ::EnableWindow(window, isUsable); });
+      if (row.zeroWhileUnusable && !isUsable) {
+        sheet_.SetCurrent(row.keyword, 0);
+        Select(row, 0);
+      }
     }
     if (row.present != nullptr) {
       const int show = row.present(sheet_) ? SW_SHOW : SW_HIDE;
@@ -318,23 +313,37 @@ void PageFrame::EnableControls() {
       ::ShowWindow(Item(row.label), show);
     }
   }
+  for (const ButtonRow& button : table_.buttons) {
+    if (button.present != nullptr) {
+      ::ShowWindow(Item(button.id), button.present(sheet_) ? SW_SHOW : SW_HIDE);
+    }
+  }
 }
 
 // --- Storing ---
 
 void PageFrame::Store() {
-  for (const Control& row : table_.controls) {
-    Store(row, BN_CLICKED, 0);
+  for (const ControlRow& row : table_.controls) {
+    Store(row, nullptr);
   }
 }
 
 bool PageFrame::Command(WORD code, WORD id) {
-  const Control* const row = RowOf(id);
+  const auto button = std::ranges::find(table_.buttons, id, &ButtonRow::id);
+  if (button != table_.buttons.end()) {
+    button->press(*this);
+    return button->isChange;
+  }
+  const ControlRow* const row = RowOf(id);
   if (row == nullptr) {
-    return false;
+    return true;
   }
   const std::uint32_t before = sheet_.Current(row->keyword);
-  if (!Store(*row, code, id)) {
+  const Event event{code, id};
+  if (!Store(*row, &event)) {
+    return true;
+  }
+  if (row->kind == ControlKind::UpDown && sheet_.Current(row->keyword) == before) {
     return false;
   }
   if (row->follow != nullptr) {
@@ -343,35 +352,40 @@ bool PageFrame::Command(WORD code, WORD id) {
   if (row->restriction) {
     ResolveRestrictions(*row, before);
   }
-  // Not the control itself: the user may be typing into it. A radio clears the others.
-  Show(row->keyword, row->kind == ControlKind::Radios ? nullptr : row);
-  EnableControls();
+  if (row->governs) {
+    Show();
+  } else {
+    // Not the control itself: the user may be typing into it, and a radio clears the others. But
+    // one that counts as chosen by its click alone may not be checked yet.
+    const bool itself = row->kind == ControlKind::Radios && row->click == RadioClick::Clicked;
+    Show(row->keyword, itself ? nullptr : row);
+    EnableControls();
+  }
   if (row->redraws) {
-    ::InvalidateRect(Item(IDC_ILLUSTRATION), nullptr, FALSE);
+    RedrawIllustration();
   }
   return true;
 }
 
-bool PageFrame::Store(const Control& row, WORD code, WORD id) {
-  if (table_.readsOnlyWhileActive && sheet_.activePage != page_) {
+bool PageFrame::Store(const ControlRow& row, const Event* event) {
+  if ((table_.readsOnlyWhileActive && sheet_.activePage != page_) || !IsPresent(row)) {
     return false;
   }
-  const auto selection = Read(row, code, id);
+  const auto selection = Read(row, event);
   if (selection) {
     sheet_.SetCurrent(row.keyword, *selection);
   }
   return selection.has_value();
 }
 
-std::optional<std::uint32_t> PageFrame::Read(const Control& row, WORD code, WORD id) {
+std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event* event) {
   switch (row.kind) {
     case ControlKind::Radios: {
-      const auto clicked = std::ranges::find(row.radios, static_cast<int>(id));
-      const bool stands =
-          row.click == RadioClick::Clicked || (row.click == RadioClick::ClickedIfChecked &&
-                                               ::IsDlgButtonChecked(page_, id) == BST_CHECKED);
-      if (row.click != RadioClick::Checked && clicked != row.radios.end()) {
-        return stands ? std::optional(static_cast<std::uint32_t>(clicked - row.radios.begin()))
+      if (event != nullptr && row.click != RadioClick::Checked) {
+        const auto clicked = std::ranges::find(row.radios, static_cast<int>(event->id));
+        const bool counts = row.click == RadioClick::Clicked ||
+                            ::IsDlgButtonChecked(page_, event->id) == BST_CHECKED;
+        return counts ? std::optional(static_cast<std::uint32_t>(clicked - row.radios.begin()))
                       : std::nullopt;
       }
       const int checked = CheckedRadio(page_, row.radios);
@@ -390,7 +404,7 @@ std::optional<std::uint32_t> PageFrame::Read(const Control& row, WORD code, WORD
       BOOL isInvalid = FALSE;
       const LRESULT position =
           ::SendMessageA(arrows, UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(&isInvalid));
-      if (isInvalid != FALSE && code == EN_KILLFOCUS) {
+      if (isInvalid != FALSE && event != nullptr && event->code == EN_KILLFOCUS) {
         ::SendMessageA(arrows, UDM_SETPOS32, 0, position);
       }
       return static_cast<std::uint32_t>(position);
@@ -408,27 +422,28 @@ std::optional<std::uint32_t> PageFrame::Read(const Control& row, WORD code, WORD
   }
 }
 
-void PageFrame::ResolveRestrictions(const Control& row, std::uint32_t before) {
+void PageFrame::ResolveRestrictions(const ControlRow& row, std::uint32_t before) {
   const std::array old{OldSelection{row.keyword, before}};
   zn::ResolveRestrictions(sheet_, {page_, *row.restriction, old, [&] { Show(row.keyword); },
                                    [&](KeywordId other) { Show(other); }});
 }
 
-void PageFrame::RestoreOthers() {
-  for (const KeywordId keyword : table_.alsoRestored) {
-    sheet_.RestoreDefault(keyword);
+void PageFrame::RedrawIllustration() {
+  if (const HWND illustration = Item(IDC_ILLUSTRATION)) {
+    ::InvalidateRect(illustration, nullptr, FALSE);
   }
 }
 
 // --- Rows ---
 
-HWND PageFrame::ControlOf(const Control& row) const noexcept {
+HWND PageFrame::ControlOf(const ControlRow& row) const noexcept {
   return row.label != 0 ? ListOfLabel(page_, row.label) : Item(row.id);
 }
 
-const Control* PageFrame::RowOf(int id) const noexcept {
-  const auto row = std::ranges::find_if(table_.controls, [id](const Control& candidate) {
-    return candidate.id == id || std::ranges::find(candidate.radios, id) != candidate.radios.end();
+const ControlRow* PageFrame::RowOf(int id) const noexcept {
+  const auto row = std::ranges::find_if(table_.controls, [id](const ControlRow& candidate) {
+    return (candidate.id != 0 && candidate.id == id) ||
+           std::ranges::find(candidate.radios, id) != candidate.radios.end();
   });
   return row != table_.controls.end() ? &*row : nullptr;
 }

@@ -39,40 +39,49 @@ class PageFrame {
   [[nodiscard]] SheetContext& Sheet() const noexcept { return sheet_; }
 
   // Fills every control in the order of the rows and selects the current selection; with
-  // `useDefault` the default one, which becomes the current one. False at the first control that
-  // cannot be filled: those behind it keep their entries and show the current selections.
+  // `useDefault` the default one, which becomes the current one, and in the end what else the page
+  // restores. False at the first control that cannot be filled; those behind it stay as they are.
   bool Fill(bool useDefault);
-  // Shows the current selections, availability marks included, and what can be used.
+  // Fills the controls of one keyword anew.
+  void Refill(KeywordId keyword);
+  // Shows the current selections, the images and marks that depend on others, and what can be used.
   void Show();
   void Show(KeywordId keyword) { Show(keyword, nullptr); }
   // Stores every control, without what a change brings along.
   void Store();
-  // Stores the control that a command came from, and does what follows. False for a control that is
-  // in no row, and when there is nothing to store.
+  // Stores the control that a command came from and does what follows, or presses the button. False
+  // when nothing has changed: the page itself set the control, or the button changes nothing.
   bool Command(WORD code, WORD id);
-  // What no row has goes back to its default with the page.
-  void RestoreOthers();
 
  private:
-  bool Fill(const Control& row, PageSources& sources, bool useDefault);
-  bool InitComboBox(const Control& row, PageSources& sources, std::uint32_t selection);
-  bool InitRadioGroup(const Control& row, PageSources& sources, std::uint32_t selection);
-  bool InitUpDown(const Control& row, std::uint32_t selection);
+  bool Fill(const ControlRow& row, PageSources& sources, bool useDefault);
+  bool InitComboBox(const ControlRow& row, PageSources& sources, std::uint32_t selection);
+  bool InitRadioGroup(const ControlRow& row, PageSources& sources, std::uint32_t selection);
+  bool InitUpDown(const ControlRow& row);
   // One image per entry, or none at all; nothing when the device cannot be asked.
-  [[nodiscard]] std::optional<std::vector<int>> ImagesOf(const Control& row, PageSources& sources,
-                                                         std::size_t count);
-  [[nodiscard]] std::vector<std::string> NamesOf(const Control& row, PageSources& sources);
-  void SetCaption(const Control& row, PageSources& sources, HWND label);
+  [[nodiscard]] std::optional<std::vector<int>> ImagesOf(const ControlRow& row,
+                                                         PageSources& sources, std::size_t count);
+  [[nodiscard]] std::vector<std::string> NamesOf(const ControlRow& row, PageSources& sources);
+  void SetCaption(const ControlRow& row, PageSources& sources, HWND label);
+  [[nodiscard]] bool IsPresent(const ControlRow& row) const {
+    return row.present == nullptr || row.present(sheet_);
+  }
   // Selects what stands for the selection, if the row shows it.
-  void Select(const Control& row, std::uint32_t selection);
-  void Show(KeywordId keyword, const Control* except);
-  bool Store(const Control& row, WORD code, WORD id);
+  void Select(const ControlRow& row, std::uint32_t selection);
+  void Show(KeywordId keyword, const ControlRow* except);
+  // The command that a control's reading answers; nothing when all are read.
+  struct Event {
+    WORD code;
+    WORD id;
+  };
+  bool Store(const ControlRow& row, const Event* event);
   // The selection that the control shows now; nothing when it shows none that is stored.
-  [[nodiscard]] std::optional<std::uint32_t> Read(const Control& row, WORD code, WORD id);
-  void ResolveRestrictions(const Control& row, std::uint32_t before);
+  [[nodiscard]] std::optional<std::uint32_t> Read(const ControlRow& row, const Event* event);
+  void ResolveRestrictions(const ControlRow& row, std::uint32_t before);
   void EnableControls();
-  [[nodiscard]] HWND ControlOf(const Control& row) const noexcept;
-  [[nodiscard]] const Control* RowOf(int id) const noexcept;
+  void RedrawIllustration();
+  [[nodiscard]] HWND ControlOf(const ControlRow& row) const noexcept;
+  [[nodiscard]] const ControlRow* RowOf(int id) const noexcept;
   [[nodiscard]] HWND Item(int id) const noexcept { return ::GetDlgItem(page_, id); }
 
   HWND page_;

@@ -47,7 +47,8 @@ enum class Misfit : std::uint8_t {
   Empty,       // fails before filling
 };
 
-// How entries stand for selections. Both ranges are inclusive.
+// How entries stand for selections; all ranges are inclusive. A list of the numbers 1 to 100 has
+// first 1 and shows 1 to 100; with the entries 1 to 100 it refuses its first entry, number 0.
 struct Coding {
   static constexpr std::uint32_t kAny = std::numeric_limits<std::uint32_t>::max();
 
@@ -77,7 +78,7 @@ inline constexpr std::uint32_t kCompanionCount = std::numeric_limits<std::uint32
 
 using SheetQuestion = bool (*)(const SheetContext& sheet);
 
-struct Control {
+struct ControlRow {
   KeywordId keyword;
   ControlKind kind;
   int label = 0;   // static or group with the caption; 0: the control itself has it, if any
@@ -92,18 +93,28 @@ struct Control {
   RadioClick click = RadioClick::Checked;
   SheetQuestion usable = nullptr;   // null: always enabled
   SheetQuestion present = nullptr;  // null: always visible
+  bool governs = false;             // what it says changes what the other rows show and can be used
+  bool zeroWhileUnusable = false;   // its selection is 0 then
   // What another selection brings along, before the restriction check: it may change others.
   void (*follow)(PageFrame& page, std::uint32_t before) = nullptr;
   std::optional<restriction::Group> restriction = std::nullopt;
   bool redraws = false;  // the illustration shows it
 };
 
+struct ButtonRow {
+  int id;
+  void (*press)(PageFrame& page);
+  bool isChange = true;             // it reports one to the sheet
+  SheetQuestion present = nullptr;  // null: always visible
+};
+
 struct PageTable {
-  std::span<const Control> controls;  // in the order in which they are filled
-  std::span<const WORD> codes;        // notification codes that are commands
+  std::span<const ControlRow> controls;  // in the order in which they are filled
+  std::span<const WORD> codes;           // notification codes that are commands
   int answerToOtherCodes;
   int restoreButton;
-  bool restoringIsAChange;            // it reports one to the sheet
+  bool restoringIsAChange;  // it reports one to the sheet
+  std::span<const ButtonRow> buttons = {};
   bool readsOnlyWhileActive = false;  // controls of a page that is not shown are not read
   std::span<const KeywordId> alsoRestored = {};  // keywords without a control here
 };

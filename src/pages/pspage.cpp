@@ -1,10 +1,39 @@
 #include "pages/pspage.h"
 
+#include <commctrl.h>
+
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
 
 namespace zn {
+namespace {
+
+// Keeps a list from painting while its entries change. A hidden one does not paint, and setting
+// WM_SETREDRAW would show it.
+class PaintPause {
+ public:
+  explicit PaintPause(HWND list) noexcept
+      : list_((::GetWindowLongPtrA(list, GWL_STYLE) & WS_VISIBLE) != 0 ? list : nullptr) {
+    if (list_ != nullptr) {
+      ::SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+    }
+  }
+  ~PaintPause() {
+    if (list_ != nullptr) {
+      ::SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+      ::RedrawWindow(list_, nullptr, nullptr,
+                     RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
+    }
+  }
+  PaintPause(const PaintPause&) = delete;
+  PaintPause& operator=(const PaintPause&) = delete;
+
+ private:
+  HWND list_;
+};
+
+}  // namespace
 
 std::uint32_t OptionCount(SheetContext& sheet, KeywordId id) {
   constexpr std::uint32_t kPunchEntries = 16;
@@ -22,6 +51,27 @@ void SetLabelText(HWND label, const std::string& text, bool colon) {
 HWND ListOfLabel(HWND page, int labelId) noexcept {
   const HWND label = ::GetDlgItem(page, labelId);
   return label != nullptr ? ::GetWindow(label, GW_HWNDNEXT) : nullptr;
+}
+
+void FillList(HWND list, bool isExtended, std::span<std::string> names,
+              std::span<const int> images) {
+  const PaintPause pause(list);
+  ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    if (!isExtended) {
+      ::SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(names[index].c_str()));
+      continue;
+    }
+    COMBOBOXEXITEMA entry{};
+    entry.mask = CBEIF_TEXT;
+    entry.iItem = -1;
+    entry.pszText = names[index].data();
+    if (!images.empty()) {
+      entry.mask |= CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+      entry.iImage = entry.iSelectedImage = images[index];
+    }
+    ::SendMessageA(list, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+  }
 }
 
 std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept {
@@ -48,14 +98,19 @@ void CheckRadio(HWND page, std::span<const int> radioIds, std::uint32_t index) n
   bool focusInGroup = false;
   for (std::size_t radio = 0; radio < radioIds.size(); ++radio) {
     const HWND button = ::GetDlgItem(page, radioIds[radio]);
-    focusInGroup = focusInGroup || (button != nullptr && button == focus);
+    if (button == nullptr) {
+      return;
+    }
+    focusInGroup = focusInGroup || button == focus;
     ::SendMessageA(button, BM_SETCHECK, radio == index ? BST_CHECKED : BST_UNCHECKED, 0);
   }
-  if (focusInGroup && index < radioIds.size()) {
-    const HWND checked = ::GetDlgItem(page, radioIds[index]);
-    if (checked != nullptr && checked != focus) {
-      ::SetFocus(checked);
-    }
+  if (index >= radioIds.size()) {
+    // The buttons let Tab in at the checked one only.
+    const HWND first = ::GetDlgItem(page, radioIds.front());
+    ::SetWindowLongPtrA(first, GWL_STYLE, ::GetWindowLongPtrA(first, GWL_STYLE) | WS_TABSTOP);
+  } else if (const HWND checked = ::GetDlgItem(page, radioIds[index]);
+             focusInGroup && checked != focus) {
+    ::SetFocus(checked);
   }
 }
 

@@ -24,13 +24,18 @@ void SetLabelText(HWND label, const std::string& text, bool colon);
 // when the label is missing.
 [[nodiscard]] HWND ListOfLabel(HWND page, int labelId) noexcept;
 
+// Replaces the entries of a list. Those of an extended one get images: one per entry, or none at
+// all.
+void FillList(HWND list, bool isExtended, std::span<std::string> names,
+              std::span<const int> images);
+
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;
 // Selects the first entry with this item data; none: the selection stays.
 void SelectItemData(HWND list, std::uint32_t data) noexcept;
 
-// Checks the radio of `index` (any other value checks none) and clears the others. A keyboard
-// focus on one of them moves to the checked one.
+// Checks the radio of `index` (any other value checks none) and clears the others, up to the first
+// that is missing. A keyboard focus on one of them moves to the checked one.
 void CheckRadio(HWND page, std::span<const int> radioIds, std::uint32_t index) noexcept;
 // Index of the checked radio, looked for from the last to the first; -1 when none is checked.
 [[nodiscard]] int CheckedRadio(HWND page, std::span<const int> radioIds) noexcept;

@@ -1,12 +1,12 @@
 #include "pages/restriction_question.h"
 
 #include <array>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "bridge/companion.h"
 #include "platform/double_byte.h"
+#include "platform/format_text.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 
@@ -42,20 +42,6 @@ SettingTexts Describe(const CompanionModule& companion, const SheetContext& shee
     texts.label.insert(0, companion.GetKeywordTranslation(companion_label::kBypass));
   }
   return texts;
-}
-
-// `format` with each "%s" replaced by the next text; a translated format may not fit the texts.
-std::string FillIn(std::string_view format, std::initializer_list<std::string_view> texts) {
-  std::string filled;
-  for (const std::string_view text : texts) {
-    const std::size_t place = format.find("%s");
-    if (place == format.npos) {
-      break;
-    }
-    filled.append(format.substr(0, place)).append(text);
-    format.remove_prefix(place + 2);
-  }
-  return filled.append(format);
 }
 
 int AskAbout(HWND window, const SheetContext& sheet, KeywordId otherId, KeywordId changedId) {

@@ -12,7 +12,11 @@ constexpr std::array kListImages{
     ListImages{IDC_BASIC_FAVORITES, IDB_FAVORITE}, ListImages{IDC_BASIC_DUPLEX, IDB_DUPLEX},
     ListImages{IDC_BASIC_NUP, IDB_NUP}, ListImages{IDC_BASIC_COLOR_MODE, IDB_COLOR_MODE}};
 
-constexpr PageTable kTable{{}, {}, 0, IDC_RESTORE_DEFAULTS, false};
+constexpr PageTable kTable{.controls = {},
+                           .codes = {},
+                           .answerToOtherCodes = 0,
+                           .restoreButton = IDC_RESTORE_DEFAULTS,
+                           .restoringIsAChange = false};
 
 }  // namespace
 

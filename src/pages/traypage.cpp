@@ -11,7 +11,11 @@ namespace {
 constexpr std::array kListImages{ListImages{IDC_TRAY_STAPLE, IDB_STAPLE},
                                  ListImages{IDC_TRAY_PUNCH, IDB_PUNCH}};
 
-constexpr PageTable kTable{{}, {}, 0, IDC_RESTORE_DEFAULTS, false};
+constexpr PageTable kTable{.controls = {},
+                           .codes = {},
+                           .answerToOtherCodes = 0,
+                           .restoreButton = IDC_RESTORE_DEFAULTS,
+                           .restoringIsAChange = false};
 
 }  // namespace
 

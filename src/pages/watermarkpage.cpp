@@ -23,50 +23,46 @@ bool IsOn(const SheetContext& sheet) {
   return sheet.Current(KW_WATERMARK) == 1;
 }
 
-// UpdateControls: switching the watermark on or off changes what can be used, never the values.
-void UpdateControls(PageFrame& page, std::uint32_t /*before*/) {
-  page.Show();
-}
-
 constexpr std::array kControls{
-    // InitWaterMark, UpdateWaterMark, ApplyWaterMark
-    Control{.keyword = KW_WATERMARK,
-            .kind = ControlKind::CheckBox,
-            .id = IDC_WATERMARK_ON,
-            .follow = &UpdateControls},
-    // InitWaterMarkNo, UpdateWaterMarkNo, ApplyWaterMarkNo. On purpose the entry is held against the
+    // InitWaterMark, UpdateWaterMark, ApplyWaterMark, UpdateControls
+    ControlRow{.keyword = KW_WATERMARK,
+               .kind = ControlKind::CheckBox,
+               .id = IDC_WATERMARK_ON,
+               .governs = true},
+    // InitWaterMarkNo, UpdateWaterMarkNo, ApplyWaterMarkNo. On purpose the entry is held against
+    // the
     // bounds of the number, which counts from 1: choosing the first entry keeps the stored number.
-    Control{.keyword = KW_WMSELECTION,
-            .kind = ControlKind::List,
-            .id = IDC_WATERMARK_NUMBER,
-            .entries = kHighest,
-            .coding = {.first = kLowest,
-                       .lowest = kLowest,
-                       .highest = kHighest,
-                       .lowestEntry = kLowest,
-                       .highestEntry = kHighest,
-                       .misfit = Misfit::Unselected},
-            .usable = &IsOn},
+    ControlRow{.keyword = KW_WMSELECTION,
+               .kind = ControlKind::List,
+               .id = IDC_WATERMARK_NUMBER,
+               .entries = kHighest,
+               .coding = {.first = kLowest,
+                          .lowest = kLowest,
+                          .highest = kHighest,
+                          .lowestEntry = kLowest,
+                          .highestEntry = kHighest,
+                          .misfit = Misfit::Unselected},
+               .usable = &IsOn},
     // InitWaterMarkPosition, UpdateWaterMarkPosition, ApplyWaterMarkPosition: list and radios
-    Control{.keyword = KW_WMPOSITION,
-            .kind = ControlKind::List,
-            .id = IDC_WATERMARK_POSITION,
-            .coding = {.highest = kPositions - 1,
-                       .highestEntry = kPositions - 1,
-                       .misfit = Misfit::Empty},
-            .usable = &IsOn},
-    Control{.keyword = KW_WMPOSITION,
-            .kind = ControlKind::Radios,
-            .radios = kPositionRadios,
-            .coding = {.highest = kPositions - 1},
-            .click = RadioClick::Clicked,
-            .usable = &IsOn},
+    ControlRow{.keyword = KW_WMPOSITION,
+               .kind = ControlKind::List,
+               .id = IDC_WATERMARK_POSITION,
+               .coding = {.highest = kPositions - 1,
+                          .highestEntry = kPositions - 1,
+                          .misfit = Misfit::Empty},
+               .usable = &IsOn},
+    ControlRow{.keyword = KW_WMPOSITION,
+               .kind = ControlKind::Radios,
+               .radios = kPositionRadios,
+               .coding = {.highest = kPositions - 1},
+               .click = RadioClick::Clicked,
+               .usable = &IsOn},
     // InitWaterMarkOrder, UpdateWaterMarkOrder, ApplyWaterMarkOrder
-    Control{.keyword = KW_WMORDER,
-            .kind = ControlKind::List,
-            .id = IDC_WATERMARK_ORDER,
-            .coding = {.highest = kOrders - 1, .highestEntry = kOrders - 1},
-            .usable = &IsOn},
+    ControlRow{.keyword = KW_WMORDER,
+               .kind = ControlKind::List,
+               .id = IDC_WATERMARK_ORDER,
+               .coding = {.highest = kOrders - 1, .highestEntry = kOrders - 1},
+               .usable = &IsOn},
 };
 
 constexpr std::array<WORD, 4> kCommandCodes{BN_CLICKED, CBN_SELCHANGE, EN_KILLFOCUS, EN_CHANGE};

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/device_name.h"
 #include "platform/double_byte.h"
 #include "platform/trace.h"
 #include "profile/profile_items.h"
@@ -138,9 +139,11 @@ void CProfileInfo::Reset() {
 bool CProfileInfo::UpdateProfile(const char* directory, const char* name, unsigned ansiCodePage) {
   std::string path(directory);
   path += kSeparator;
-  path.append(BareName(name, ansiCodePage)).append(kExtension);
-  // A path that does not fit is no file: an empty one cannot be opened.
-  return ReadProfile(path.size() < kPathSize ? path.c_str() : "", ansiCodePage);
+  const std::string_view bareName = BareName(name, ansiCodePage);
+  path.append(bareName).append(kExtension);
+  // A path that does not fit is no file, nor is a device: an empty one cannot be opened.
+  const bool isFile = path.size() < kPathSize && !IsDeviceName(bareName);
+  return ReadProfile(isFile ? path.c_str() : "", ansiCodePage);
 }
 
 bool CProfileInfo::ReadProfile(const char* path, unsigned ansiCodePage) {

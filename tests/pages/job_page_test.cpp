@@ -348,6 +348,18 @@ TEST_F(JobPage, APageWithoutSheetDoesNothing) {
   ::DestroyWindow(dialog);
 }
 
+TEST_F(JobPage, ASecondInitializationChangesNothing) {
+  Open(kJobPage);
+  SheetContext stranger{};
+  PROPSHEETPAGEA record{};
+  record.lParam = reinterpret_cast<LPARAM>(&stranger);
+  for (const LPARAM forged : {LPARAM{0}, LPARAM{64}, reinterpret_cast<LPARAM>(&record)}) {
+    EXPECT_EQ(Ask(kJobPage, WM_INITDIALOG, 0, forged), 0);
+  }
+  Choose(IDC_JOB_PRINTER_MODE, 2);
+  EXPECT_EQ(Current(KW_PRINTERMODE), 2u);
+}
+
 TEST_F(JobPage, UnhandledMessagesAreLeftToTheDialogManager) {
   Open(kJobPage);
   NMHDR other{.hwndFrom = Page(), .idFrom = 0, .code = static_cast<UINT>(PSN_HELP)};
