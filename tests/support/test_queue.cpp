@@ -8,36 +8,15 @@ namespace zn::test {
 namespace {
 
 constexpr const char* kDescription = R"ppd(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "ZNTEST.PPD"
-*Product: "(ZN Test)"
-*PSVersion: "(3010.000) 0"
-*Manufacturer: "ZN"
-*ModelName: "ZN Test"
-*ShortNickName: "ZN Test"
-*NickName: "ZN Test"
-*LanguageLevel: "3"
-*ColorDevice: True
 *OpenUI *PageSize: PickOne
 *DefaultPageSize: A4
 *PageSize A4/A4: ""
 *PageSize A3/A3: ""
 *PageSize B5/B5: ""
 *CloseUI: *PageSize
-*OpenUI *PageRegion: PickOne
-*DefaultPageRegion: A4
-*PageRegion A4/A4: ""
-*PageRegion A3/A3: ""
-*PageRegion B5/B5: ""
-*CloseUI: *PageRegion
-*DefaultImageableArea: A4
 *ImageableArea A4/A4: "0 0 595 842"
 *ImageableArea A3/A3: "0 0 842 1191"
 *ImageableArea B5/B5: "0 0 516 729"
-*DefaultPaperDimension: A4
 *PaperDimension A4/A4: "595 842"
 *PaperDimension A3/A3: "842 1191"
 *PaperDimension B5/B5: "516 729"

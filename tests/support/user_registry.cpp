@@ -13,12 +13,6 @@ UniqueKey Open(const std::string& path) {
   return UniqueKey(key);
 }
 
-UniqueKey Create(const std::string& path) {
-  HKEY key = nullptr;
-  EXPECT_EQ(::RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS) << path;
-  return UniqueKey(key);
-}
-
 using Enumerate = LSTATUS (*)(HKEY key, DWORD index, char* name, DWORD* length);
 
 std::vector<std::string> Names(HKEY key, Enumerate enumerate) {
@@ -48,14 +42,15 @@ UserRegistry::~UserRegistry() {
 }
 
 void UserRegistry::CreateKey(const std::string& path) const {
-  Create(path);
+  HKEY key = nullptr;
+  EXPECT_EQ(::RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS) << path;
+  ::RegCloseKey(key);
 }
 
 void UserRegistry::Set(const std::string& path, const char* value, DWORD type,
                        const std::string& bytes) const {
-  EXPECT_EQ(::RegSetValueExA(Create(path).get(), value, 0, type,
-                             reinterpret_cast<const BYTE*>(bytes.data()),
-                             static_cast<DWORD>(bytes.size())),
+  EXPECT_EQ(::RegSetKeyValueA(HKEY_CURRENT_USER, path.c_str(), value, type, bytes.data(),
+                              static_cast<DWORD>(bytes.size())),
             ERROR_SUCCESS);
 }
 
@@ -65,7 +60,7 @@ void UserRegistry::SetText(const std::string& path, const char* value,
 }
 
 void UserRegistry::DeleteValue(const std::string& path, const char* value) const {
-  EXPECT_EQ(::RegDeleteValueA(Open(path).get(), value), ERROR_SUCCESS) << value;
+  EXPECT_EQ(::RegDeleteKeyValueA(HKEY_CURRENT_USER, path.c_str(), value), ERROR_SUCCESS) << value;
 }
 
 void UserRegistry::Clear() const {
