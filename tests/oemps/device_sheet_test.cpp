@@ -84,7 +84,13 @@ class DeviceSheet : public testing::Test {
     EXPECT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
     EXPECT_EQ(sheet.info.Result, 101U);
     EXPECT_EQ(sheet.calls.size(), 1U);
-    return sheet.calls.at(0).page.pfnDlgProc;
+    const SheetCall& call = sheet.calls.at(0);
+    EXPECT_EQ(call.function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
+    EXPECT_EQ(call.page.dwFlags, 0U);
+    EXPECT_EQ(call.page.hInstance, plugIn_.Module());
+    EXPECT_EQ(call.page.pszTemplate, MAKEINTRESOURCEA(1121));
+    EXPECT_EQ(call.page.lParam, 0);
+    return call.page.pfnDlgProc;
   }
 
   INT_PTR Click(DWORD flags = 0) { return Send(WM_COMMAND, kButton, flags); }
@@ -107,18 +113,6 @@ class DeviceSheet : public testing::Test {
   PlugIn plugIn_;
   ComPtr<IPrintOemUI> object_ = plugIn_.Object();
 };
-
-TEST_F(DeviceSheet, AddsOnePage) {
-  FakeSheet sheet(*object_, &IPrintOemUI::DevicePropertySheets);
-  ASSERT_EQ(sheet.Send(PROPSHEETUI_REASON_INIT), S_OK);
-  ASSERT_EQ(sheet.calls.size(), 1U);
-  EXPECT_EQ(sheet.calls[0].function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
-  const PROPSHEETPAGEA& page = sheet.calls[0].page;
-  EXPECT_EQ(page.dwFlags, 0U);
-  EXPECT_EQ(page.hInstance, plugIn_.Module());
-  EXPECT_EQ(page.pszTemplate, MAKEINTRESOURCEA(1121));
-  EXPECT_EQ(page.lParam, 0);
-}
 
 TEST_F(DeviceSheet, ButtonOpensTheManagerForTheRecordedPrinter) {
   const std::string name = Japanese("複合機");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <fstream>
 
 namespace zn::test {
 namespace {
@@ -33,13 +33,6 @@ std::string SpoolerFolder() {
   EXPECT_TRUE(::GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
                                            sizeof folder, &need));
   return folder;
-}
-
-void WriteFile(const std::string& path, const char* text) {
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  ASSERT_NE(file, nullptr) << path;
-  std::fputs(text, file);
-  std::fclose(file);
 }
 
 void InstallDriver(std::string& name, std::string& description) {
@@ -76,7 +69,7 @@ TestQueue::TestQueue() : name_(OwnName("zn-test-")), driver_(OwnName("ZN Test Dr
   const std::string folder = SpoolerFolder();
   folder_ = folder + "\\3\\";
   description_ = folder + "\\" + OwnName("zntest") + ".ppd";
-  WriteFile(description_, kDescription);
+  std::ofstream(description_) << kDescription;
   InstallDriver(driver_, description_);
   printer_.reset(InstallPrinter(name_, driver_));
   EXPECT_NE(printer_, nullptr) << ::GetLastError();
