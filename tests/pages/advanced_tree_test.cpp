@@ -61,32 +61,6 @@ TEST_F(AdvancedTree, SheetFlagsGiveTheRecordsFlags) {
   }
 }
 
-TEST_F(AdvancedTree, EveryOptionCanBeShown) {
-  EXPECT_EQ(tree_->pDlgPage->pTabName, Japanese("詳細設定"));
-  ASSERT_EQ(tree_->cOptItem, 14);
-  for (std::size_t index = 0; index < 14; ++index) {
-    SCOPED_TRACE(index);
-    const OPTITEM& item = Item(index);
-    EXPECT_EQ(item.cbSize, sizeof(OPTITEM));
-    ASSERT_NE(item.pName, nullptr);
-    if (item.pOptType == nullptr) {
-      EXPECT_EQ(item.Flags & OPTIF_CALLBACK, 0u);
-      EXPECT_GE(item.Sel, 0xFA00);
-      continue;
-    }
-    EXPECT_EQ(item.Flags, DWORD{OPTIF_CALLBACK});
-    EXPECT_EQ(item.pOptType->cbSize, sizeof(OPTTYPE));
-    for (WORD option = 0; option < item.pOptType->Count; ++option) {
-      const OPTPARAM& param = item.pOptType->pOptParam[option];
-      EXPECT_EQ(param.cbSize, sizeof(OPTPARAM));
-      if (item.pOptType->Type != TVOT_UDARROW) {
-        ASSERT_NE(param.pData, nullptr);
-        EXPECT_TRUE(IS_INTRESOURCE(param.pData) || *param.pData != '\0');
-      }
-    }
-  }
-}
-
 TEST_F(AdvancedTree, AChangeIsStoredAtOnce) {
   for (const auto& [keyword, row] : kSettings) {
     Item(row).Sel = 3;
