@@ -100,6 +100,13 @@ TEST(ExchangeTag, PackedPartsKeepEachOther) {
   EXPECT_EQ(record.m_Body.CBS_PRT, 0x7FFFFFFC);
 }
 
+TEST(ExchangeTag, UnterminatedTextsEndWithTheirField) {
+  CPrintOption record;
+  constexpr Tag kTitle = TagNamed("GR_TITLE");
+  std::memset(reinterpret_cast<char*>(&record.m_Body) + kTitle.offset, 'x', kTitle.maxChars + 1);
+  EXPECT_EQ(Written(record, "GR_TITLE"), std::string(31, 'x'));
+}
+
 // Two pairs of tags share a field; no other field reaches into its neighbour.
 TEST(TagTable, FieldsLieApart) {
   std::map<std::size_t, std::size_t> fields;  // begin to end

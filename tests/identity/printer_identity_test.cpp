@@ -45,7 +45,12 @@ TEST_F(PrinterIdentity, KeyNameIsShortNameAndGuid) {
 TEST_F(PrinterIdentity, FirstConnectionThatContainsTheShortNameWins) {
   Connect(",,b,big printer", kGuid);
   Connect(",,a,printer 2", kOtherGuid);
-  const bool isBigFirst = registry_.Subkeys(kConnections).front() == ",,b,big printer";
+  HKEY connections = nullptr;
+  char first[64] = "";
+  ::RegOpenKeyA(HKEY_CURRENT_USER, kConnections.c_str(), &connections);
+  ::RegEnumKeyA(connections, 0, first, sizeof first);
+  ::RegCloseKey(connections);
+  const bool isBigFirst = std::string_view(first) == ",,b,big printer";
   EXPECT_EQ(GetAuthenticatInfo("\\\\server\\printer"),
             std::string("printer") + (isBigFirst ? kGuid : kOtherGuid));
 }

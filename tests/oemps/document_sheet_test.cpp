@@ -2,44 +2,20 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
 #include <thread>
 #include <utility>
-#include <vector>
 
 #include "document_job.h"
-#include "iat_patch.h"
+#include "japanese.h"
+#include "message_boxes.h"
 #include "plugin_client.h"
 #include "session/sheet_context.h"
 
 namespace zn::test {
 namespace {
 
-struct ShownBox {
-  std::string text, caption;
-  UINT type;
-};
-std::vector<ShownBox> g_boxes;
-
-int WINAPI RecordBox(HWND, const char* text, const char* caption, UINT type) {
-  g_boxes.push_back({text, caption, type});
-  return IDOK;
-}
-
-// The core driver's helper; only its address counts.
-struct Helper final : IUnknown {
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
-    *out = this;
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-};
-
 class DocumentSheet : public testing::Test {
  protected:
-  DocumentSheet() { g_boxes.clear(); }
-
   FakeSheet NewSheet() { return {*object_, &IPrintOemUI::DocumentPropertySheets}; }
   // Opens a sheet and tells how many calls it made: 5 for its pages, 0 when it refused.
   static std::size_t Open(FakeSheet& sheet) {
@@ -53,7 +29,7 @@ class DocumentSheet : public testing::Test {
   }
 
   PlugIn plugIn_;
-  ImportPatch box_{plugIn_.Module(), "MessageBoxA", &RecordBox};
+  MessageBoxes boxes_{plugIn_.Module()};
   ComPtr<IPrintOemUI> object_ = plugIn_.Object();
 };
 
@@ -129,12 +105,9 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
       continue;
     }
     EXPECT_EQ(call.function, UINT{CPSFUNC_ADD_PROPSHEETPAGEA});
-    EXPECT_EQ(call.page.dwSize, sizeof(PROPSHEETPAGEA));
-    EXPECT_EQ(call.page.dwFlags, 0U);
     EXPECT_EQ(call.page.hInstance, plugIn_.Module());
     EXPECT_EQ(call.page.pszTemplate, MAKEINTRESOURCEA(templates[i]));
     EXPECT_EQ(call.page.lParam, sheet.calls[0].page.lParam);
-    EXPECT_NE(::FindResourceA(plugIn_.Module(), call.page.pszTemplate, RT_DIALOG), nullptr);
     procedures.insert(call.page.pfnDlgProc);
   }
   EXPECT_EQ(procedures.size(), 4U);
@@ -143,62 +116,48 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
   const SheetCall& tree = sheet.calls[3];
   EXPECT_EQ(tree.function, UINT{CPSFUNC_INSERT_PSUIPAGEA});
   EXPECT_EQ(tree.first, 103);  // the handle of page 3
-  EXPECT_EQ(tree.insert.cbSize, sizeof(INSERTPSUIPAGE_INFO));
   EXPECT_EQ(tree.insert.Type, PSUIPAGEINSERT_PCOMPROPSHEETUI);
   EXPECT_EQ(tree.insert.Mode, INSPSUIPAGE_MODE_LAST_CHILD);
   EXPECT_EQ(tree.tree.hInstCaller, plugIn_.Module());
-  EXPECT_TRUE(g_boxes.empty());
+  EXPECT_TRUE(MessageBoxes::shown.empty());
   Close(sheet);
 }
 
 TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
-  static Helper helper;  // outlives the object
-  object_->PublishDriverInterface(&helper);
-  DocumentJob job(*object_);
   OEMUIOBJ prepared{};
   OEMUIOBJ shown{};
-  job.param.poemuiobj = &prepared;
-  job.Prepare();
-  FakeSheet sheet = NewSheet();
-  sheet.param.poemuiobj = &shown;
-  Open(sheet);
+  for (const bool may : {true, false}) {
+    DocumentJob job(*object_);
+    job.param.poemuiobj = &prepared;
+    job.param.dwFlags = may ? 0 : DM_NOPERMISSION;
+    job.items[4].DMPubID = may ? DMPUB_PAGEORDER : DMPUB_NONE;
+    job.Prepare();
+    FakeSheet sheet = NewSheet();
+    sheet.param.poemuiobj = &shown;
+    if (!may) {
+      sheet.info.lParamInit = 0;
+    }
+    Open(sheet);
 
-  const SheetContext& context = *ContextOf(sheet);
-  EXPECT_EQ(context.hOEMHeap, job.param.hOEMHeap);
-  EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
-  EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
-  EXPECT_EQ(context.poemuiobj, &shown);
-  EXPECT_EQ(static_cast<void*>(context.pOEMHelp), &helper);
-  EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
-  EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
-  EXPECT_EQ(context.hLastPage, 105);
-  EXPECT_TRUE(context.hasPageOrder);
-  EXPECT_TRUE(context.mayChangeSettings);
-  EXPECT_TRUE(context.treeReadOnlyFlag);
-  Close(sheet);
+    const SheetContext& context = *ContextOf(sheet);
+    EXPECT_EQ(context.hOEMHeap, job.param.hOEMHeap);
+    EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
+    EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
+    EXPECT_EQ(context.poemuiobj, may ? &shown : &prepared);
+    EXPECT_EQ(context.pOEMHelp, nullptr);
+    EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
+    EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
+    EXPECT_EQ(context.hLastPage, 105);
+    EXPECT_EQ(context.hasPageOrder, may);
+    EXPECT_EQ(context.mayChangeSettings, may);
+    Close(sheet);
+  }
 }
 
-TEST_F(DocumentSheet, FlagsOfTheSheetReachTheContext) {
-  DocumentJob job(*object_);
-  OEMUIOBJ prepared{};
-  job.param.poemuiobj = &prepared;
-  job.param.dwFlags = DM_NOPERMISSION;
-  job.items[4].DMPubID = DMPUB_NONE;
-  job.Prepare();
-  FakeSheet sheet = NewSheet();
-  sheet.info.lParamInit = 0;
-  Open(sheet);
-  EXPECT_FALSE(ContextOf(sheet)->mayChangeSettings);
-  EXPECT_FALSE(ContextOf(sheet)->hasPageOrder);
-  EXPECT_EQ(ContextOf(sheet)->poemuiobj, &prepared);
-  EXPECT_EQ(ContextOf(sheet)->pOEMHelp, nullptr);
-  Close(sheet);
-}
-
-TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
+TEST_F(DocumentSheet, SecondSheetIsWarnedOfAndCountsAfterTheFirstHasGone) {
+  const auto& boxes = MessageBoxes::shown;
   DocumentJob job(*object_);
   job.Prepare();
-  EXPECT_EQ(job.BusyBlocks(), 1);
   FakeSheet first = NewSheet();
   EXPECT_EQ(Open(first), 5U);
 
@@ -209,31 +168,18 @@ TEST_F(DocumentSheet, SecondSheetGetsTheWarningAndLeavesTheFirstAlone) {
   EXPECT_EQ(later.BusyBlocks(), 0);
   FakeSheet second = NewSheet();
   EXPECT_EQ(Open(second), 0U);
-  ASSERT_EQ(g_boxes.size(), 1U);
-  // "QuorraQR..." and the caption in code page 932.
-  EXPECT_EQ(g_boxes[0].text.substr(0, 8), "QuorraQR");
-  EXPECT_EQ(g_boxes[0].text.size(), 72U);
-  EXPECT_EQ(g_boxes[0].caption, "\x8C\x78\x8D\x90");
-  EXPECT_EQ(g_boxes[0].type, UINT{MB_ICONEXCLAMATION});
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].text.substr(0, 8), "QuorraQR");
+  EXPECT_EQ(boxes[0].text.size(), 72U);
+  EXPECT_EQ(boxes[0].caption, Japanese("警告"));
+  EXPECT_EQ(boxes[0].type, UINT{MB_ICONEXCLAMATION});
 
-  Close(second);
   EXPECT_EQ(job.BusyBlocks(), 1);
   Close(first);
   EXPECT_EQ(job.BusyBlocks(), 0);
-}
-
-TEST_F(DocumentSheet, WarnedSheetStillCountsAfterTheFirstHasGone) {
-  DocumentJob job(*object_);
-  job.Prepare();
-  FakeSheet first = NewSheet();
-  FakeSheet second = NewSheet();
   FakeSheet third = NewSheet();
-  EXPECT_EQ(Open(first), 5U);
-  EXPECT_EQ(Open(second), 0U);
-  Close(first);
-  EXPECT_EQ(job.BusyBlocks(), 0);
   EXPECT_EQ(Open(third), 0U);
-  EXPECT_EQ(g_boxes.size(), 2U);
+  EXPECT_EQ(boxes.size(), 2U);
   Close(third);
   Close(second);
   Close(second);  // once too often
@@ -241,7 +187,7 @@ TEST_F(DocumentSheet, WarnedSheetStillCountsAfterTheFirstHasGone) {
   EXPECT_EQ(job.Prepare(), S_OK);
   FakeSheet fourth = NewSheet();
   EXPECT_EQ(Open(fourth), 5U);
-  EXPECT_EQ(g_boxes.size(), 2U);
+  EXPECT_EQ(boxes.size(), 2U);
   Close(fourth);
 }
 

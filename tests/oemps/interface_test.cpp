@@ -6,6 +6,7 @@
 #include <string>
 
 #include "iat_patch.h"
+#include "japanese.h"
 #include "plugin_client.h"
 #include "user_registry.h"
 
@@ -23,7 +24,7 @@ TEST_F(OemUI, DeletionOfAPrinterRemovesItsUserData) {
   const std::string root = "Software\\Zentrik\\ZN Print Driver Data\\";
   wchar_t printer[] = L"\\\\server\\複合機";
   wchar_t unconvertible[] = L"複合機\xD800";
-  const std::string key = root + "\x95\xA1\x8D\x87\x8B\x40";  // 複合機 in code page 932
+  const std::string key = root + Japanese("複合機");
   registry_.CreateKey(key + "\\UserInfo");
   registry_.CreateKey(root + "other\\UserInfo");
   const std::string locale = std::setlocale(LC_CTYPE, nullptr);

@@ -49,20 +49,6 @@ class AdvancedTree : public PageSheetTest {
   COMPROPSHEETUI* tree_ = nullptr;
 };
 
-TEST_F(AdvancedTree, RecordNamesModelAndTab) {
-  ASSERT_NE(tree_, nullptr);
-  EXPECT_EQ(tree_->cbSize, 128);
-  EXPECT_STREQ(tree_->pOptItemName, "ZN Lumera 5050");
-  EXPECT_STREQ(tree_->pCallerName, "");
-  EXPECT_STREQ(tree_->pHelpFile, "");
-  ASSERT_EQ(tree_->cDlgPage, 1);
-  EXPECT_EQ(tree_->pDlgPage->pTabName, Japanese("詳細設定"));
-  EXPECT_EQ(tree_->pDlgPage->DlgTemplateID, DP_STD_TREEVIEWPAGE);
-  EXPECT_EQ(tree_->CallerVersion, 0x100);
-  EXPECT_EQ(tree_->OptItemVersion, 0x400);
-  ASSERT_EQ(tree_->cOptItem, 14);
-}
-
 TEST_F(AdvancedTree, SheetFlagsGiveTheRecordsFlags) {
   const struct {
     bool mayChange, second;
@@ -73,39 +59,6 @@ TEST_F(AdvancedTree, SheetFlagsGiveTheRecordsFlags) {
     sheet_->treeReadOnlyFlag = row.second;
     EXPECT_EQ(PrepareAdvancedTree(*sheet_)->Flags, row.flags);
   }
-}
-
-TEST_F(AdvancedTree, EveryOptionCanBeShown) {
-  for (std::size_t index = 0; index < 14; ++index) {
-    SCOPED_TRACE(index);
-    const OPTITEM& item = Item(index);
-    EXPECT_EQ(item.cbSize, sizeof(OPTITEM));
-    ASSERT_NE(item.pName, nullptr);
-    if (item.pOptType == nullptr) {
-      EXPECT_EQ(item.Flags & OPTIF_CALLBACK, 0u);
-      EXPECT_GE(item.Sel, 0xFA00);
-      continue;
-    }
-    EXPECT_EQ(item.Flags, DWORD{OPTIF_CALLBACK});
-    EXPECT_EQ(item.pOptType->cbSize, sizeof(OPTTYPE));
-    for (WORD option = 0; option < item.pOptType->Count; ++option) {
-      const OPTPARAM& param = item.pOptType->pOptParam[option];
-      EXPECT_EQ(param.cbSize, sizeof(OPTPARAM));
-      if (item.pOptType->Type != TVOT_UDARROW) {
-        ASSERT_NE(param.pData, nullptr);
-        EXPECT_TRUE(IS_INTRESOURCE(param.pData) || *param.pData != '\0');
-      }
-    }
-  }
-  EXPECT_STREQ(Item(5).pOptType->pOptParam[0].pData, "%");
-  EXPECT_EQ(Item(5).pOptType->pOptParam[1].lParam, 1000);
-  EXPECT_EQ(Item(11).pOptType->pOptParam[1].IconID, 1u);
-  EXPECT_EQ(Item(11).pOptType->pOptParam[1].lParam, 3);
-  EXPECT_EQ(Item(3).pName, MAKEINTRESOURCEA(IDS_CPSUI_ICMMETHOD));
-  EXPECT_EQ(Item(13).pOptType->pOptParam[0].pData, MAKEINTRESOURCEA(IDS_CPSUI_NO));
-  EXPECT_EQ(Item(13).pOptType->pOptParam[1].pData, MAKEINTRESOURCEA(IDS_CPSUI_YES));
-  EXPECT_EQ(Item(7).pName, Japanese("ドキュメントのオプション"));
-  EXPECT_EQ(Item(8).pName, Japanese("PostScriptオプション"));
 }
 
 TEST_F(AdvancedTree, AChangeIsStoredAtOnce) {

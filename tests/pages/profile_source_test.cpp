@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,12 +19,8 @@ class ProfileSourceTest : public ::testing::Test {
  protected:
   // A profile in the driver's data folder with one watermark, named like the file.
   void WriteProfile(const std::string& name) {
-    const std::string path = queue_.DriverFolder() + name + ".cps";
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    ASSERT_NE(file, nullptr) << path;
-    std::fprintf(file, "Watermark1=%s\r\n", name.c_str());
-    std::fclose(file);
-    written_.push_back(path);
+    written_.push_back(queue_.DriverFolder() + name + ".cps");
+    std::ofstream(written_.back()) << "Watermark1=" << name << '\n';
   }
   ~ProfileSourceTest() override {
     for (const std::string& path : written_) {

@@ -13,32 +13,18 @@
 #include <vector>
 
 #include "fake_driver_path.h"
+#include "japanese.h"
+#include "message_boxes.h"
 #include "platform/resources.h"
 
 namespace zn {
 namespace {
 
+using test::MessageBoxes;
 using ::testing::SizeIs;
 using namespace restriction;
 
-struct Shown {
-  std::string text;
-  std::string caption;
-  UINT type;
-};
-std::vector<Shown> boxes;
-std::deque<int> answers;  // of the boxes to come; without one the box fails
 bool companionInstalled;
-
-int WINAPI FakeMessageBox(HWND, LPCSTR text, LPCSTR caption, UINT type) {
-  boxes.push_back({text, caption, type});
-  if (answers.empty()) {
-    return 0;
-  }
-  const int answer = answers.front();
-  answers.pop_front();
-  return answer;
-}
 
 HMODULE WINAPI FakeLoadLibrary(LPCSTR path) {
   return companionInstalled && std::string_view(path).starts_with("C:\\d\\")
@@ -65,16 +51,6 @@ FARPROC WINAPI FakeGetProcAddress(HMODULE, LPCSTR name) {
                                                             : nullptr;
 }
 
-std::string InCodePage932(std::string_view utf8) {
-  std::wstring wide(utf8.size(), L'\0');
-  wide.resize(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()),
-                                    wide.data(), static_cast<int>(wide.size())));
-  std::string text(2 * wide.size(), '\0');
-  text.resize(::WideCharToMultiByte(932, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
-                                    static_cast<int>(text.size()), nullptr, nullptr));
-  return text;
-}
-
 using Settings = std::vector<std::pair<KeywordId, std::uint32_t>>;
 
 constexpr UINT kQuestion = MB_OKCANCEL | MB_ICONEXCLAMATION;
@@ -88,8 +64,6 @@ class RestrictionQuestionTest : public ::testing::Test {
   RestrictionQuestionTest() {
     SetModuleInstance(self_);
     test::FakeDriverPath::path = "C:\\d\\driver.dll";
-    boxes.clear();
-    answers.clear();
     companionInstalled = true;
   }
 
@@ -107,7 +81,7 @@ class RestrictionQuestionTest : public ::testing::Test {
 
  private:
   HMODULE self_ = ::GetModuleHandleA(nullptr);
-  test::ImportPatch box_{self_, "MessageBoxA", &FakeMessageBox};
+  MessageBoxes boxes_{self_, 0};
   test::FakeDriverPath driver_;
   test::ImportPatch load_{self_, "LoadLibraryA", &FakeLoadLibrary};
   test::ImportPatch find_{self_, "GetProcAddress", &FakeGetProcAddress};
@@ -120,7 +94,7 @@ struct Asked {
   int answer;
   KeywordId keyword;
   UINT type;
-  std::string text;
+  const char* text;
   Settings defaults = {};
   bool companion = true;
 };
@@ -145,8 +119,8 @@ TEST_F(RestrictionQuestionTest, AsksAboutTheOtherSettingOrTells) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
-    boxes.clear();
-    answers = {row.boxAnswer};
+    MessageBoxes::shown.clear();
+    MessageBoxes::answers = {row.boxAnswer};
     companionInstalled = row.companion;
     Set(row.now, row.defaults);
     int answer = -7;
@@ -154,8 +128,9 @@ TEST_F(RestrictionQuestionTest, AsksAboutTheOtherSettingOrTells) {
     EXPECT_EQ(CheckRestriction(nullptr, *sheet_, row.group, answer, keyword), 1);
     EXPECT_EQ(answer, row.answer);
     EXPECT_EQ(keyword, row.keyword);
+    const auto& boxes = MessageBoxes::shown;
     ASSERT_THAT(boxes, SizeIs(1));
-    EXPECT_EQ(boxes[0].text, InCodePage932(row.text));
+    EXPECT_EQ(boxes[0].text, test::Japanese(row.text));
     EXPECT_EQ(boxes[0].caption, "Quorra QR");
     EXPECT_EQ(boxes[0].type, row.type);
   }
@@ -166,6 +141,7 @@ TEST_F(RestrictionQuestionTest, LongOptionNamesAreCutBetweenCharacters) {
   int answer = 0;
   KeywordId keyword = kNoKeyword;
   EXPECT_EQ(CheckRestriction(nullptr, *sheet_, kDuplex, answer, keyword), 1);
+  const auto& boxes = MessageBoxes::shown;
   ASSERT_THAT(boxes, SizeIs(1));
   EXPECT_TRUE(boxes[0].text.starts_with("\"K14-xx" + std::string(60, '\x83') + "\""))
       << boxes[0].text;
@@ -227,8 +203,8 @@ TEST_F(RestrictionQuestionTest, ResolvesUntilNothingIsLeft) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    boxes.clear();
-    answers = row.answers;
+    MessageBoxes::shown.clear();
+    MessageBoxes::answers = row.answers;
     Set(row.now, row.defaults);
     int oldShown = 0;
     std::vector<KeywordId> defaultsShown;
@@ -243,7 +219,7 @@ TEST_F(RestrictionQuestionTest, ResolvesUntilNothingIsLeft) {
       EXPECT_EQ(sheet_->Current(id), selection) << id;
     }
     std::vector<UINT> types;
-    for (const Shown& box : boxes) {
+    for (const MessageBoxes::Box& box : MessageBoxes::shown) {
       types.push_back(box.type);
     }
     EXPECT_EQ(types, row.boxes);

@@ -2,42 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <fstream>
 
 namespace zn::test {
 namespace {
 
 constexpr const char* kDescription = R"ppd(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "ZNTEST.PPD"
-*Product: "(ZN Test)"
-*PSVersion: "(3010.000) 0"
-*Manufacturer: "ZN"
-*ModelName: "ZN Test"
-*ShortNickName: "ZN Test"
-*NickName: "ZN Test"
-*LanguageLevel: "3"
-*ColorDevice: True
 *OpenUI *PageSize: PickOne
 *DefaultPageSize: A4
 *PageSize A4/A4: ""
 *PageSize A3/A3: ""
 *PageSize B5/B5: ""
 *CloseUI: *PageSize
-*OpenUI *PageRegion: PickOne
-*DefaultPageRegion: A4
-*PageRegion A4/A4: ""
-*PageRegion A3/A3: ""
-*PageRegion B5/B5: ""
-*CloseUI: *PageRegion
-*DefaultImageableArea: A4
 *ImageableArea A4/A4: "0 0 595 842"
 *ImageableArea A3/A3: "0 0 842 1191"
 *ImageableArea B5/B5: "0 0 516 729"
-*DefaultPaperDimension: A4
 *PaperDimension A4/A4: "595 842"
 *PaperDimension A3/A3: "842 1191"
 *PaperDimension B5/B5: "516 729"
@@ -54,13 +33,6 @@ std::string SpoolerFolder() {
   EXPECT_TRUE(::GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
                                            sizeof folder, &need));
   return folder;
-}
-
-void WriteFile(const std::string& path, const char* text) {
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  ASSERT_NE(file, nullptr) << path;
-  std::fputs(text, file);
-  std::fclose(file);
 }
 
 void InstallDriver(std::string& name, std::string& description) {
@@ -97,7 +69,7 @@ TestQueue::TestQueue() : name_(OwnName("zn-test-")), driver_(OwnName("ZN Test Dr
   const std::string folder = SpoolerFolder();
   folder_ = folder + "\\3\\";
   description_ = folder + "\\" + OwnName("zntest") + ".ppd";
-  WriteFile(description_, kDescription);
+  std::ofstream(description_) << kDescription;
   InstallDriver(driver_, description_);
   printer_.reset(InstallPrinter(name_, driver_));
   EXPECT_NE(printer_, nullptr) << ::GetLastError();

@@ -2,38 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/handles.h"
-
 namespace zn::test {
-namespace {
-
-UniqueKey Open(const std::string& path) {
-  HKEY key = nullptr;
-  ::RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_ALL_ACCESS, &key);
-  return UniqueKey(key);
-}
-
-UniqueKey Create(const std::string& path) {
-  HKEY key = nullptr;
-  EXPECT_EQ(::RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS) << path;
-  return UniqueKey(key);
-}
-
-using Enumerate = LSTATUS (*)(HKEY key, DWORD index, char* name, DWORD* length);
-
-std::vector<std::string> Names(HKEY key, Enumerate enumerate) {
-  std::vector<std::string> names;
-  char name[1024];
-  for (DWORD length = sizeof name;
-       enumerate(key, static_cast<DWORD>(names.size()), name, &length) == ERROR_SUCCESS;
-       length = sizeof name) {
-    names.emplace_back(name, length);
-  }
-  return names;
-}
-
-}  // namespace
-
 UserRegistry::UserRegistry()
     : path_("Software\\ZnTest\\" + std::to_string(::GetCurrentProcessId())) {
   ::RegDeleteTreeA(HKEY_CURRENT_USER, path_.c_str());
@@ -48,14 +17,15 @@ UserRegistry::~UserRegistry() {
 }
 
 void UserRegistry::CreateKey(const std::string& path) const {
-  Create(path);
+  HKEY key = nullptr;
+  EXPECT_EQ(::RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key), ERROR_SUCCESS) << path;
+  ::RegCloseKey(key);
 }
 
 void UserRegistry::Set(const std::string& path, const char* value, DWORD type,
                        const std::string& bytes) const {
-  EXPECT_EQ(::RegSetValueExA(Create(path).get(), value, 0, type,
-                             reinterpret_cast<const BYTE*>(bytes.data()),
-                             static_cast<DWORD>(bytes.size())),
+  EXPECT_EQ(::RegSetKeyValueA(HKEY_CURRENT_USER, path.c_str(), value, type, bytes.data(),
+                              static_cast<DWORD>(bytes.size())),
             ERROR_SUCCESS);
 }
 
@@ -65,33 +35,21 @@ void UserRegistry::SetText(const std::string& path, const char* value,
 }
 
 void UserRegistry::DeleteValue(const std::string& path, const char* value) const {
-  EXPECT_EQ(::RegDeleteValueA(Open(path).get(), value), ERROR_SUCCESS) << value;
+  EXPECT_EQ(::RegDeleteKeyValueA(HKEY_CURRENT_USER, path.c_str(), value), ERROR_SUCCESS) << value;
 }
 
 void UserRegistry::Clear() const {
-  for (const std::string& name : Subkeys("")) {
-    EXPECT_EQ(::RegDeleteTreeA(key_, name.c_str()), ERROR_SUCCESS) << name;
-  }
+  EXPECT_EQ(::RegDeleteTreeA(key_, nullptr), ERROR_SUCCESS);
 }
 
-bool UserRegistry::Has(const std::string& path) const {
-  return Open(path) != nullptr;
-}
-
-std::vector<std::string> UserRegistry::Subkeys(const std::string& path) const {
-  return Names(Open(path).get(), [](HKEY key, DWORD index, char* name, DWORD* length) {
-    return ::RegEnumKeyExA(key, index, name, length, nullptr, nullptr, nullptr, nullptr);
-  });
-}
-
-std::optional<std::vector<std::string>> UserRegistry::Values(const std::string& path) const {
-  const UniqueKey key = Open(path);
-  if (!key) {
-    return std::nullopt;
-  }
-  return Names(key.get(), [](HKEY opened, DWORD index, char* name, DWORD* length) {
-    return ::RegEnumValueA(opened, index, name, length, nullptr, nullptr, nullptr, nullptr);
-  });
+bool UserRegistry::Has(const std::string& path, const char* value) const {
+  HKEY key = nullptr;
+  const bool found =
+      ::RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
+  const bool holds = value == nullptr || ::RegQueryValueExA(key, value, nullptr, nullptr, nullptr,
+                                                            nullptr) == ERROR_SUCCESS;
+  ::RegCloseKey(key);
+  return found && holds;
 }
 
 }  // namespace zn::test

@@ -4,9 +4,7 @@
 
 #include <windows.h>
 
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace zn::test {
 
@@ -24,11 +22,8 @@ class UserRegistry {
   void DeleteValue(const std::string& path, const char* value) const;
   void Clear() const;
 
-  [[nodiscard]] bool Has(const std::string& path) const;
-  // The names of the subkeys, in enumeration order.
-  [[nodiscard]] std::vector<std::string> Subkeys(const std::string& path) const;
-  // The names of the values; nothing when the key is missing.
-  [[nodiscard]] std::optional<std::vector<std::string>> Values(const std::string& path) const;
+  // Whether there is the key, and the value of it.
+  [[nodiscard]] bool Has(const std::string& path, const char* value = nullptr) const;
 
  private:
   std::string path_;
