@@ -29,5 +29,6 @@ int RunKeyword(Arguments arguments);
 int RunProfile(Arguments arguments);
 int RunRecord(Arguments arguments);
 int RunRestriction(Arguments arguments);
+int RunTables(Arguments arguments);
 
 }  // namespace zn::inspect

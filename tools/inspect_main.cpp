@@ -21,6 +21,7 @@ constexpr Command kCommands[] = {
     {"record", "--default", &RunRecord},
     {"profile", "FILE", &RunProfile},
     {"restriction", "--group G KEY=VALUE...", &RunRestriction},
+    {"tables", "[NAME]", &RunTables},
 };
 
 }  // namespace

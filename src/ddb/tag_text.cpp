@@ -13,9 +13,6 @@ constexpr int kTenthsPlaces = 1;
 constexpr std::int32_t kMinCopies = 1;
 constexpr std::int32_t kMaxCopies = 9999;
 
-// Media type codes: of the record by file code. Codes beyond the table are the same in both.
-constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1, 2, 3, 6, 8, 7, 11, 9, 4, 5};
-
 constexpr auto kFileMediaCodes = [] {
   std::array<std::uint8_t, kRecordMediaCodes.size()> inverse{};
   for (std::size_t i = 0; i < kRecordMediaCodes.size(); ++i) {

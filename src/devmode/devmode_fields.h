@@ -3,6 +3,7 @@
 // the inspector walk this table.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -41,32 +42,7 @@ struct DevModeField {
   const char* name;
 };
 
-// Offsets of the fields that other code names.
 namespace devmode {
-inline constexpr std::size_t kSize = 0;
-inline constexpr std::size_t kSignature = 4;
-inline constexpr std::size_t kVersion = 8;
-inline constexpr std::size_t kCarriedFlag = 16;
-inline constexpr std::size_t kSaveTiff = 20;
-inline constexpr std::size_t kTiffDpi = 24;
-inline constexpr std::size_t kDeviceProfile = 360;
-inline constexpr std::size_t kBookletSizeFlag = 1340;
-inline constexpr std::size_t kRepeatSizeFlag = 1360;
-inline constexpr std::size_t kImpositionSizeFlag = 1644;
-inline constexpr std::size_t kJobNameMode = 2156;
-inline constexpr std::size_t kJobName = 2160;
-inline constexpr std::size_t kFavoriteName = 2416;
-inline constexpr std::size_t kComment = 2444;
-inline constexpr std::size_t kManagementMethod = 9112;
-inline constexpr std::size_t kJobOwnerName = 9116;
-inline constexpr std::size_t kJobOwnerPassword = 9149;
-inline constexpr std::size_t kAccountId = 9174;
-inline constexpr std::size_t kOwnerNameSource = 9208;
-inline constexpr std::size_t kOverWriteFlag = 9212;
-inline constexpr std::size_t kCustomCmyk = 9232;
-inline constexpr std::size_t kCustomRgb = 9236;
-inline constexpr std::size_t kImpositionTemplate = 9296;
-
 struct Range {
   std::uint32_t low, high, fallback;
 };
@@ -291,6 +267,38 @@ constexpr bool RowsAreContiguous() {
   return end == kDevModeSize;
 }
 static_assert(RowsAreContiguous());
+
+constexpr bool IsRow(std::size_t offset, FieldKind kind) {
+  const auto* row = std::ranges::find(kFields, offset, &DevModeField::offset);
+  return row != kFields.end() && row->kind == kind;
+}
+
+// The offsets of rows that other code names; one that begins no row of that kind does not compile.
+consteval std::size_t RowAt(std::size_t offset, FieldKind kind) {
+  return IsRow(offset, kind) ? offset : throw "no such row";
+}
+inline constexpr std::size_t kSize = RowAt(0, FieldKind::Header);
+inline constexpr std::size_t kSignature = RowAt(4, FieldKind::Header);
+inline constexpr std::size_t kVersion = RowAt(8, FieldKind::Header);
+inline constexpr std::size_t kCarriedFlag = RowAt(16, FieldKind::Number);
+inline constexpr std::size_t kTiffDpi = RowAt(24, FieldKind::Number);
+inline constexpr std::size_t kDeviceProfile = RowAt(360, FieldKind::Text);
+inline constexpr std::size_t kBookletSizeFlag = RowAt(1340, FieldKind::Number);
+inline constexpr std::size_t kRepeatSizeFlag = RowAt(1360, FieldKind::Number);
+inline constexpr std::size_t kImpositionSizeFlag = RowAt(1644, FieldKind::Number);
+inline constexpr std::size_t kJobNameMode = RowAt(2156, FieldKind::Number);
+inline constexpr std::size_t kJobName = RowAt(2160, FieldKind::Text);
+inline constexpr std::size_t kFavoriteName = RowAt(2416, FieldKind::Text);
+inline constexpr std::size_t kComment = RowAt(2444, FieldKind::Text);
+inline constexpr std::size_t kManagementMethod = RowAt(9112, FieldKind::Number);
+inline constexpr std::size_t kJobOwnerName = RowAt(9116, FieldKind::Text);
+inline constexpr std::size_t kJobOwnerPassword = RowAt(9149, FieldKind::Text);
+inline constexpr std::size_t kAccountId = RowAt(9174, FieldKind::Text);
+inline constexpr std::size_t kOwnerNameSource = RowAt(9208, FieldKind::Number);
+inline constexpr std::size_t kOverWriteFlag = RowAt(9212, FieldKind::Number);
+inline constexpr std::size_t kCustomCmyk = RowAt(9232, FieldKind::Number);
+inline constexpr std::size_t kCustomRgb = RowAt(9236, FieldKind::Number);
+inline constexpr std::size_t kImpositionTemplate = RowAt(9296, FieldKind::Number);
 }  // namespace devmode
 
 // The rows of the table.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <iterator>
 
 #include "devmode/devmode.h"
 #include "favorites/settings_table.h"
@@ -34,6 +36,19 @@ consteval bool EveryKeywordHasItsRow() {
 }
 static_assert(EveryKeywordHasItsRow());
 
+consteval bool EveryPrivateIdHasItsRow() {
+  const auto rows = std::span(kRows).subspan(KW_MAX);
+  const auto isPrivateId = [](std::uint16_t id) {
+    return std::ranges::count(devmode::kFields, id, &DevModeField::privateId) == 1;
+  };
+  const auto ids =
+      std::ranges::count_if(devmode::kFields, std::identity(), &DevModeField::privateId);
+  return std::ssize(rows) == ids && std::ranges::all_of(rows, isPrivateId, &SettingRow::id) &&
+         std::ranges::adjacent_find(rows, std::ranges::greater_equal(), &SettingRow::id) ==
+             rows.end();
+}
+static_assert(EveryPrivateIdHasItsRow());
+
 // One field carries one setting; only the two memo keywords share theirs, as their tags do.
 consteval bool EveryFieldIsMappedOnce() {
   std::array<std::size_t, kRows.size()> places{};
@@ -57,7 +72,7 @@ consteval bool EveryFieldHoldsNumbers() {
 }
 static_assert(EveryFieldHoldsNumbers());
 static_assert(std::ranges::all_of(kTexts, [](const SettingText& text) {
-  return text.tag->kind == ddb::kText;
+  return text.tag->kind == ddb::kText && devmode::IsRow(text.offset, FieldKind::Text);
 }));
 
 // What the options of the printer description stand for.

@@ -147,6 +147,8 @@ TEST(Inspector, RefusesInOneLineAndWritesNothing) {
       {2, {"restriction", "--group", "6"}},
       {2, {"restriction", "--group", "2", "ZNStaple=1x"}},
       {2, {"restriction", "--group", "2", "Collate=1"}},
+      {2, {"tables", "nonsense"}},
+      {2, {"tables", "tags", "block"}},
   };
   for (const auto& [exitCode, words] : rows) {
     SCOPED_TRACE(testing::PrintToString(words));
