@@ -150,7 +150,7 @@ TEST_F(HostProgramTest, FailuresGetOneLineAndExitCodeOne) {
 
 TEST_F(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
   for (const char* words :
-       {"", "dance", "soak 0", "soak five", "soak 2 --shots x", "soak 2 --queue", "prefs --shots",
+       {"", "dance", "soak 0", "load 0", "soak five", "soak 2 --shots x", "soak 2 --queue", "prefs --shots",
         "prefs --devmod x", "prefs --read-only", "props --devmode x", "event delete",
         "install --shots x"}) {
     const auto [code, output] = RunHost(words);
