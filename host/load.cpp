@@ -1,13 +1,20 @@
 // What the plug-in costs an application that never opens a sheet: it is loaded, makes and merges
-// its settings block and is unloaded again, beside a DLL with the same imports and nothing in it.
+// its settings block and is unloaded again, beside a DLL with the same imports and nothing in it
+// and the question to the spooler without which no merge can be.
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 #include "host/base/files.h"
+#include "host/base/host_error.h"
 #include "host/base/stopwatch.h"
 #include "host/driver/plug_in.h"
 #include "host/driver/queue.h"
 #include "host/rounds.h"
 #include "host/verbs.h"
+#include "platform/handles.h"
+#include "platform/spooler.h"
 
 namespace zn::host {
 namespace {
@@ -22,10 +29,13 @@ double LoadPlugIn(const std::string& path, const Queue& queue, const QueueDevMod
   return MillisecondsNow() - start;
 }
 
-double LoadEmptyModule(const std::string& path) {
+double LoadEmptyModule(const std::string& path, const Queue& queue) {
   const double start = MillisecondsNow();
-  if (!UniqueModule(::LoadLibraryA(path.c_str()))) {
-    ThrowSystemError("cannot load " + path);
+  {
+    const UniqueModule module(::LoadLibraryA(path.c_str()));
+    if (!module || !PrinterInfo2(queue.Handle())) {
+      ThrowSystemError("cannot load " + path + " or ask the spooler");
+    }
   }
   return MillisecondsNow() - start;
 }
@@ -44,7 +54,7 @@ int RunLoad(Words words) {
   std::vector<double> references;
   for (int round = -kWarmUpRounds; round < rounds; ++round) {
     const double load = LoadPlugIn(plugIn, queue, stored);
-    const double reference = LoadEmptyModule(emptyModule);
+    const double reference = LoadEmptyModule(emptyModule, queue);
     if (round >= 0) {
       loads.push_back(load);
       references.push_back(reference);
