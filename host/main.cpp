@@ -26,6 +26,7 @@ constexpr Verb kVerbs[] = {
     {"props", "[--queue NAME] [--shots DIR] [--read-only]", &RunProps},
     {"event", "delete NAME", &RunEvent},
     {"soak", "N [--queue NAME]", &RunSoak},
+    {"load", "N [--queue NAME]", &RunLoad},
 };
 
 constexpr int kFailed = 1;

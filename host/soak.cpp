@@ -2,10 +2,7 @@
 // of the same templates with empty pages, how often the companion is loaded, and what is left over.
 #include <windows.h>
 
-#include <algorithm>
-#include <charconv>
 #include <cstdio>
-#include <cstring>
 #include <vector>
 
 #include "companion/call_counter.h"
@@ -14,6 +11,7 @@
 #include "host/base/stopwatch.h"
 #include "host/driver/document_sheet.h"
 #include "host/driver/queue.h"
+#include "host/rounds.h"
 #include "host/verbs.h"
 #include "res/resource_ids.h"
 
@@ -22,14 +20,6 @@ namespace {
 
 using companion::Call;
 using companion::CallCounter;
-
-// Rounds that fill the caches of system and plug-in before anything is counted.
-constexpr int kWarmUpRounds = 5;
-
-double Median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values.empty() ? 0 : values[values.size() / 2];
-}
 
 // Until the first page stands on the screen.
 void ShowFirstPage(PropertySheet& sheet) {
@@ -105,19 +95,10 @@ void PrintUsage(const char* what, int before, int after) {
   std::printf("%s: %d -> %d\n", what, before, after);
 }
 
-int Rounds(Words words) {
-  int rounds = 0;
-  const char* end = words.empty() ? nullptr : words[0] + std::strlen(words[0]);
-  if (words.empty() || std::from_chars(words[0], end, rounds).ptr != end || rounds < 1) {
-    throw UsageError("soak needs the number of rounds");
-  }
-  return rounds;
-}
-
 }  // namespace
 
 int RunSoak(Words words) {
-  const int rounds = Rounds(words);
+  const int rounds = ParseRounds("soak", words);
   const SheetWords parsed = ParseSheetWords(words.subspan(1), {"--queue"});
   ::SetCurrentDirectoryA("C:\\");
   const Queue queue(parsed.queue);
@@ -142,11 +123,8 @@ int RunSoak(Words words) {
   }
   const ResourceUsage after = CountResources();
 
-  const double opening = Median(openings);
-  const double reference = Median(references);
   std::printf("rounds: %d\n", rounds);
-  std::printf("open: %.1f ms, empty pages: %.1f ms, ratio %.2f\n", opening, reference,
-              opening / reference);
+  PrintTimes("open", openings, "empty pages", references);
   std::printf("companion loads: %ld until the first page, %ld with all pages\n", last.openLoads,
               last.roundLoads);
   PrintUsage("GDI objects", before.gdiObjects, after.gdiObjects);

@@ -11,5 +11,6 @@ int RunPrefs(Words words);
 int RunProps(Words words);
 int RunEvent(Words words);
 int RunSoak(Words words);
+int RunLoad(Words words);
 
 }  // namespace zn::host

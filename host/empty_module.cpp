@@ -1,0 +1,1 @@
+// A DLL with the plug-in's imports and nothing in it: what "znhost load" holds the plug-in against.

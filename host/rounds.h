@@ -1,0 +1,20 @@
+// Works that are timed round by round, each beside its reference.
+#pragma once
+
+#include <vector>
+
+#include "host/words.h"
+
+namespace zn::host {
+
+// Rounds that fill the caches of system and plug-in before anything is counted.
+inline constexpr int kWarmUpRounds = 5;
+
+// The number of rounds that a verb is given as its first word. Throws UsageError.
+[[nodiscard]] int ParseRounds(const char* verb, Words words);
+
+// Prints the medians of both and their ratio in one line, which ./bench reads, too.
+void PrintTimes(const char* work, std::vector<double> milliseconds, const char* reference,
+                std::vector<double> referenceMilliseconds);
+
+}  // namespace zn::host
