@@ -130,10 +130,11 @@ int RunSoak(Words words) {
   PrintUsage("GDI objects", before.gdiObjects, after.gdiObjects);
   PrintUsage("windows", before.windows, after.windows);
   PrintUsage("handles", before.handles, after.handles);
+  PrintUsage("TLS slots", before.tlsSlots, after.tlsSlots);
   PrintUsage("heap blocks", before.heapBlocks, after.heapBlocks);
   // Caches may add a heap block now and then; one in every round is a leak.
   const bool grown = after.gdiObjects > before.gdiObjects || after.windows > before.windows ||
-                     after.handles > before.handles ||
+                     after.handles > before.handles || after.tlsSlots > before.tlsSlots ||
                      after.heapBlocks >= before.heapBlocks + rounds;
   return grown ? 1 : 0;
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -25,15 +26,36 @@ struct GdiEntry {
 };
 static_assert(sizeof(GdiEntry) == 24 && offsetof(GdiEntry, type) == 14);
 
+// Its bits for the indexes of thread-local slots: the first 64, and 1,024 more.
+struct TlsBits {
+  std::size_t inPeb;
+  std::size_t words;
+};
+constexpr TlsBits kTlsBits[] = {{0x80, 2}, {0x240, 32}};
+
 constexpr ULONG_PTR kHandleStep = 4;
 constexpr ULONG_PTR kHandleEnd = 0x8000;
 
-int CountGdiObjects() {
+const std::byte* Peb() {
   PROCESS_BASIC_INFORMATION process{};
   ::NtQueryInformationProcess(::GetCurrentProcess(), ProcessBasicInformation, &process,
                               sizeof process, nullptr);
-  const auto* peb = reinterpret_cast<const std::byte*>(process.PebBaseAddress);
-  const GdiEntry* table = *reinterpret_cast<const GdiEntry* const*>(peb + kTableInPeb);
+  return reinterpret_cast<const std::byte*>(process.PebBaseAddress);
+}
+
+int CountTlsSlots() {
+  int count = 0;
+  for (const TlsBits& bits : kTlsBits) {
+    const auto* words = reinterpret_cast<const std::uint32_t*>(Peb() + bits.inPeb);
+    for (std::size_t i = 0; i < bits.words; ++i) {
+      count += std::popcount(words[i]);
+    }
+  }
+  return count;
+}
+
+int CountGdiObjects() {
+  const GdiEntry* table = *reinterpret_cast<const GdiEntry* const*>(Peb() + kTableInPeb);
   int count = 0;
   for (std::size_t i = 0; table != nullptr && i < kGdiHandles; ++i) {
     count += table[i].type != 0;
@@ -96,7 +118,7 @@ int CountHeapBlocks() {
 }  // namespace
 
 ResourceUsage CountResources() {
-  return {CountGdiObjects(), CountWindows(), CountHandles(), CountHeapBlocks()};
+  return {CountGdiObjects(), CountWindows(), CountHandles(), CountHeapBlocks(), CountTlsSlots()};
 }
 
 }  // namespace zn::host

@@ -9,6 +9,7 @@ struct ResourceUsage {
   int windows = 0;     // of this thread, children included
   int handles = 0;     // kernel handles
   int heapBlocks = 0;  // of every heap
+  int tlsSlots = 0;    // indexes that TlsAlloc gave out
 };
 
 [[nodiscard]] ResourceUsage CountResources();

@@ -24,8 +24,8 @@ constexpr char kCoreUiModule[] = "Zn55psu1.dll";
 constexpr int kMaxMessage = 100;  // characters of the warning
 
 std::int32_t g_openSheets = 0;
-bool g_isPrepared = false;  // the current context waits for its sheet
-DWORD g_ownerThread = 0;    // the thread that created the pages; 0: there are none
+DWORD g_preparingThread = 0;  // whose sheet the current context waits for; 0: for none
+DWORD g_ownerThread = 0;      // the thread that created the pages; 0: there are none
 
 std::span<OPTITEM> DriverItems(const OEMCUIPPARAM& param) noexcept {
   return {param.pDrvOptItems, param.pDrvOptItems != nullptr ? param.cDrvOptItems : 0};
@@ -71,7 +71,10 @@ void InsertAdvancedTree(const PROPSHEETUI_INFO& info, SheetContext& sheet,
 }
 
 void TakeHelpers(SheetContext& sheet, const PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
-  sheet.pOEMHelp = helper;
+  if (helper != nullptr) {
+    helper->AddRef();
+  }
+  sheet.pOEMHelp.reset(helper);
   const auto* param = reinterpret_cast<const OEMUIPSPARAM*>(info.lParamInit);
   if (param != nullptr && param->poemuiobj != nullptr) {
     sheet.poemuiobj = param->poemuiobj;
@@ -94,9 +97,11 @@ LONG_PTR AddPages(SheetContext& sheet, const PROPSHEETUI_INFO& info, IPrintOemDr
 }
 
 LONG_PTR OpenSheet(const PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
-  if (!std::exchange(g_isPrepared, false)) {
+  // The driver's record behind the context lives as long as its own thread says.
+  if (g_preparingThread != ::GetCurrentThreadId()) {
     return 0;
   }
+  g_preparingThread = 0;
   PlugInContext& context = ThePlugInContext();
   SheetContext* sheet = context.sheet;
   context.instance = ResourceInstance();
@@ -140,15 +145,14 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
   if (g_openSheets > 0) {
     return S_OK;
   }
-  if (param.pOEMOptItems == nullptr) {
-    param.cOEMOptItems = 0;
-    return S_OK;
-  }
   // A context that no sheet took up is only forgotten: its heap may be gone.
   ThePlugInContext().sheet = nullptr;
-  g_isPrepared = false;
+  g_preparingThread = 0;
   g_ownerThread = 0;
   param.cOEMOptItems = 0;
+  if (param.pOEMOptItems == nullptr) {
+    return S_OK;
+  }
   if (param.hOEMHeap == nullptr) {
     return FailWith(ERROR_INVALID_PARAMETER);
   }
@@ -158,7 +162,7 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
   }
   FillSheet(*sheet, param);
   ThePlugInContext().sheet = sheet.release();
-  g_isPrepared = true;
+  g_preparingThread = ::GetCurrentThreadId();
   for (OPTITEM& item : DriverItems(param)) {
     item.Flags |= OPTIF_HIDE;
   }

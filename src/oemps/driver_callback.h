@@ -3,13 +3,7 @@
 
 #include "platform/driver_interfaces.h"
 
-#include <memory>
-
 namespace zn {
-
-struct InterfaceReleaser {
-  void operator()(IUnknown* held) const noexcept { held->Release(); }
-};
 
 // Forwards to the module's handlers, or answers E_NOTIMPL so that the core driver does its default
 // processing. Starts with one reference and without the driver's helper interface.
@@ -56,7 +50,7 @@ class IOemUI final : public IPrintOemUI {
   ~IOemUI();  // not virtual: it would shift the slots
 
   LONG references_ = 1;
-  std::unique_ptr<IPrintOemDriverUI, InterfaceReleaser> helper_;  // null until published
+  UniqueDriverUI helper_;  // null until published
 };
 
 }  // namespace zn

@@ -15,7 +15,18 @@
 namespace zn {
 namespace {
 
+// Applications print on several threads, each with its own object: the count, loading and freeing
+// go together. Readers of the resource instance stay on the user-interface thread.
+SRWLOCK g_lock = SRWLOCK_INIT;
 std::int32_t g_liveObjects = 0;
+
+class LockHeld {
+ public:
+  LockHeld() noexcept { ::AcquireSRWLockExclusive(&g_lock); }
+  ~LockHeld() { ::ReleaseSRWLockExclusive(&g_lock); }
+  LockHeld(const LockHeld&) = delete;
+  LockHeld& operator=(const LockHeld&) = delete;
+};
 
 struct CodePageLanguage {
   UINT codePage;
@@ -87,6 +98,7 @@ HMODULE LoadSatellite() {
 }  // namespace
 
 void AddLiveObject() noexcept {
+  const LockHeld held;
   if (g_liveObjects <= 0) {
     // Without memory the plug-in's own resources serve.
     SetSatelliteInstance(GuardedOr<HINSTANCE>(nullptr, &LoadSatellite));
@@ -96,6 +108,7 @@ void AddLiveObject() noexcept {
 }
 
 void RemoveLiveObject() noexcept {
+  const LockHeld held;
   if (--g_liveObjects > 0) {
     return;
   }

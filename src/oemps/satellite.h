@@ -5,7 +5,7 @@
 namespace zn {
 
 // Counts a new IOemUI object; the first loads the satellite when there is one. Also makes the
-// resource instance known to the dialog code. User-interface threads only, not protected.
+// resource instance known to the dialog code. Any thread may create and release objects.
 void AddLiveObject() noexcept;
 
 // Takes an object off the count; the last one frees the satellite.

@@ -11,6 +11,7 @@
 #include <winspool.h>
 
 #include <cstddef>
+#include <memory>
 
 #undef DeviceCapabilities  // wingdi.h rewrites the method's name
 
@@ -150,6 +151,11 @@ struct IPrintOemDriverUI : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID pci, PVOID pOptItem,
                                                        DWORD dwPreviousSelection, DWORD dwMode) = 0;
 };
+
+struct InterfaceReleaser {
+  void operator()(IUnknown* held) const noexcept { held->Release(); }
+};
+using UniqueDriverUI = std::unique_ptr<IPrintOemDriverUI, InterfaceReleaser>;
 
 struct IPrintOemCommon : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE GetInfo(DWORD dwMode, PVOID pBuffer, DWORD cbSize,

@@ -30,7 +30,7 @@ struct SheetContext {
   DEVMODEW* pPublicDM;
   HANDLE hPrinter;
   HWND driverWindow;  // the driver's parent window
-  IPrintOemDriverUI* pOEMHelp;
+  UniqueDriverUI pOEMHelp;  // a reference of the sheet's own
   OEMUIOBJ* poemuiobj;
   HANDLE hComPropSheet;
   PFNCOMPROPSHEET pfnComPropSheet;

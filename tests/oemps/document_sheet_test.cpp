@@ -14,6 +14,19 @@
 namespace zn::test {
 namespace {
 
+// The core driver's helper; only its address and its references count.
+struct Helper final : IUnknown {
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
+    *out = this;
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+  ULONG STDMETHODCALLTYPE Release() override { return --references; }
+
+  ULONG references = 1;
+};
+
 class DocumentSheet : public testing::Test {
  protected:
   FakeSheet NewSheet() { return {*object_, &IPrintOemUI::DocumentPropertySheets}; }
@@ -124,6 +137,8 @@ TEST_F(DocumentSheet, AddsFourPagesWithTheTreeBetweenTheLastTwo) {
 }
 
 TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
+  Helper helper;
+  object_->PublishDriverInterface(&helper);
   OEMUIOBJ prepared{};
   OEMUIOBJ shown{};
   for (const bool may : {true, false}) {
@@ -144,14 +159,18 @@ TEST_F(DocumentSheet, ContextCarriesWhatTheDriverHandedOver) {
     EXPECT_EQ(context.pDevMode, job.param.pOEMDM);
     EXPECT_EQ(context.pPublicDM, job.param.pPublicDM);
     EXPECT_EQ(context.poemuiobj, may ? &shown : &prepared);
-    EXPECT_EQ(context.pOEMHelp, nullptr);
+    EXPECT_EQ(static_cast<void*>(context.pOEMHelp.get()), &helper);
+    EXPECT_EQ(helper.references, 3U) << "the object's and the sheet's own";
     EXPECT_EQ(context.hComPropSheet, sheet.info.hComPropSheet);
     EXPECT_EQ(context.pfnComPropSheet, sheet.info.pfnComPropSheet);
     EXPECT_EQ(context.hLastPage, 105);
     EXPECT_EQ(context.hasPageOrder, may);
     EXPECT_EQ(context.mayChangeSettings, may);
     Close(sheet);
+    EXPECT_EQ(helper.references, 2U);
   }
+  object_.reset();
+  EXPECT_EQ(helper.references, 1U);
 }
 
 TEST_F(DocumentSheet, SecondSheetIsWarnedOfAndCountsAfterTheFirstHasGone) {
@@ -215,6 +234,30 @@ TEST_F(DocumentSheet, PreparedButNeverShownIsForgotten) {
   EXPECT_EQ(job.BusyBlocks(), 0);
   FakeSheet unprepared = NewSheet();
   EXPECT_EQ(Open(unprepared), 0U);
+}
+
+TEST_F(DocumentSheet, PreparedContextServesItsThreadUntilTheNextPreparation) {
+  const auto pages = [&] {
+    FakeSheet sheet = NewSheet();
+    const std::size_t count = Open(sheet);
+    Close(sheet);
+    return count;
+  };
+  const auto onAnotherThread = [](auto&& work) { std::thread(work).join(); };
+  const auto prepareAndEnd = [&] { DocumentJob(*object_).Prepare(); };  // its heap is gone
+  DocumentJob job(*object_);
+  job.Prepare();
+  onAnotherThread([&] { EXPECT_EQ(pages(), 0U); });
+  EXPECT_EQ(pages(), 5U);
+
+  job.Prepare();
+  onAnotherThread(prepareAndEnd);
+  EXPECT_EQ(pages(), 0U);
+
+  prepareAndEnd();
+  job.param.pOEMOptItems = nullptr;
+  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_DOCPROP, &job.param), S_OK);  // asks for the size
+  EXPECT_EQ(pages(), 0U);
 }
 
 }  // namespace

@@ -48,7 +48,8 @@ StoredDevMode::StoredDevMode() {
 SheetTest::SheetTest() {
   sheet_->pPublicDM = &devMode_.open;
   sheet_->pDevMode = &devMode_.block;
-  sheet_->pOEMHelp = &driver_;
+  driver_.AddRef();
+  sheet_->pOEMHelp.reset(&driver_);
   sheet_->poemuiobj = &driverObject_;
 }
 
