@@ -99,7 +99,6 @@ LONG_PTR OpenSheet(const PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
   }
   PlugInContext& context = ThePlugInContext();
   SheetContext* sheet = context.sheet;
-  context.instance = ResourceInstance();
   sheet->hLastPage = AddPages(*sheet, info, helper);
   sheet->hComPropSheet = info.hComPropSheet;
   sheet->pfnComPropSheet = info.pfnComPropSheet;

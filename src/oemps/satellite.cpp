@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/resources.h"
-#include "session/plugin_context.h"
 
 namespace zn {
 namespace {
@@ -94,7 +93,6 @@ void AddLiveObject() noexcept {
     }
   }
   ++g_liveObjects;
-  ThePlugInContext().instance = ResourceInstance();
 }
 
 void RemoveLiveObject() noexcept {
@@ -103,7 +101,6 @@ void RemoveLiveObject() noexcept {
   }
   if (const HINSTANCE satellite = SatelliteInstance()) {
     SetSatelliteInstance(nullptr);
-    ThePlugInContext().instance = ResourceInstance();
     ::FreeLibrary(satellite);
   }
 }
