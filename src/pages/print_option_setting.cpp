@@ -41,8 +41,7 @@ bool RunPrintOptionSetting(SheetContext& sheet, HWND owner) {
   Unscramble(working.option.m_Body.SP_FMPAS);
   Unscramble(working.option.m_Body.USR_SCPS);
   working.pageSizeName.clear();  // the dialog knows papers by their codes only
-  SheetSettings settings = SettingsOf(sheet);
-  Apply(working, Reach::Record, settings);
+  Apply(working, Reach::Record, favorites.Settings());
   favorites.Current().option = working.option;
   SetDeviceProfile(sheet, TextOf(texts.profile));
   return true;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "ddb/tag_table.h"
 #include "ddb/tag_text.h"
 
 namespace ddb {
@@ -18,7 +19,7 @@ constexpr PersistentSize kExtendedSize = 19112;
 
 // The value text of a tag, over a buffer that shows when nothing was written.
 std::string Written(CPrintOption& record, const char* tag) {
-  char text[kValueTextSize] = "(untouched)";
+  std::string text = "(untouched)";
   ExchangeTag(tag, text, record, false, true);
   return text;
 }
