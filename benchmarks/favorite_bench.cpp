@@ -22,7 +22,7 @@ namespace {
 // A favourite whose item line is nearly full: the listed items and some of a newer version.
 std::string FullFavorite() {
   const zn::CFavoriteFileManager files;
-  const zn::FavoriteEntry entry;
+  const zn::SettingSource entry;
   std::string line(zn::kItemLineSize, '\0');
   files.WritePrintOption(entry, line);
   line.resize(line.find('\0'));
@@ -46,7 +46,7 @@ std::string AsKeyFile(std::string_view favorite) {
 void Load(benchmark::State& state) {
   const std::string file = FullFavorite();
   const zn::CFavoriteFileManager files;
-  zn::FavoriteEntry entry;
+  zn::SettingSource entry;
   for (auto _ : state) {
     benchmark::DoNotOptimize(files.LoadFavoriteFromMemory(entry, file));
     benchmark::ClobberMemory();
@@ -59,7 +59,7 @@ void LoadFresh(benchmark::State& state) {
   const std::string file = FullFavorite();
   const zn::CFavoriteFileManager files;
   for (auto _ : state) {
-    zn::FavoriteEntry entry;
+    zn::SettingSource entry;
     benchmark::DoNotOptimize(files.LoadFavoriteFromMemory(entry, file));
     benchmark::ClobberMemory();
   }
@@ -106,7 +106,7 @@ BENCHMARK(LoadInih)->Name("favorites/load_inih");
 void LoadAndSave(benchmark::State& state, std::string_view oldFile, const std::string& file) {
   const zn::CFavoriteFileManager files;
   for (auto _ : state) {
-    zn::FavoriteEntry entry;
+    zn::SettingSource entry;
     files.LoadFavoriteFromMemory(entry, file);
     benchmark::DoNotOptimize(files.SaveFavoriteToMemory(entry, oldFile));
   }
@@ -173,7 +173,7 @@ void LoadFolder(benchmark::State& state) {
   zn::CFavoriteFileManager files;
   for (auto _ : state) {
     for (const std::string& name : folder.Names()) {
-      zn::FavoriteEntry entry;
+      zn::SettingSource entry;
       benchmark::DoNotOptimize(files.LoadFavoriteFromPath(entry, name.c_str()));
     }
   }

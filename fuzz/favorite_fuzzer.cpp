@@ -19,10 +19,10 @@ void Require(bool condition) {
 }
 
 // Whether the line had room for every listed item; the rest keeps old values then.
-bool IsComplete(const zn::FavoriteEntry& entry, std::string_view file) {
-  for (const zn::ListedTag& tag : zn::GetFavoriteTagList()) {
-    const std::string item = std::string(tag.name) + "=";
-    if (zn::test::IsSpecified(entry, tag) && !zn::test::ListedValue(entry, tag).empty() &&
+bool IsComplete(zn::SettingSource& entry, std::string_view file) {
+  for (const std::string_view tag : zn::GetFavoriteTagList()) {
+    const std::string item = std::string(tag) + "=";
+    if (ddb::ComesBack(tag, entry.option) && !zn::test::ListedValue(entry, tag).empty() &&
         file.find(item) == std::string_view::npos) {
       return false;
     }
@@ -33,14 +33,14 @@ bool IsComplete(const zn::FavoriteEntry& entry, std::string_view file) {
 // A file of any content: loading and saving are safe, and the lines around the items come back.
 void CheckFile(std::string_view file) {
   const zn::CFavoriteFileManager files;
-  zn::FavoriteEntry entry;
+  zn::SettingSource entry;
   if (!files.LoadFavoriteFromMemory(entry, file)) {
     return;
   }
   Require(entry.comment.size() <= zn::kMaxComment);
   const std::string saved = files.SaveFavoriteToMemory(entry, file);
   Require(saved.size() < zn::kItemLineSize + 600);
-  zn::FavoriteEntry again;
+  zn::SettingSource again;
   Require(files.LoadFavoriteFromMemory(again, saved));
   Require(again.number1 == entry.number1 && again.number2 == entry.number2 &&
           again.number3 == entry.number3 && again.comment == entry.comment &&
@@ -54,10 +54,10 @@ void CheckItems(std::string_view items) {
   std::string file = "0\n0\n0\nComment=\n";
   file.append(items.substr(0, items.find('\n'))).append("\t\t\n");
   const zn::CFavoriteFileManager files;
-  zn::FavoriteEntry entry;
+  zn::SettingSource entry;
   Require(files.LoadFavoriteFromMemory(entry, file));
   const std::string saved = files.SaveFavoriteToMemory(entry, file);
-  zn::FavoriteEntry again;
+  zn::SettingSource again;
   Require(files.LoadFavoriteFromMemory(again, saved));
   if (IsComplete(entry, saved)) {
     Require(zn::test::LostSetting(entry, again).empty());

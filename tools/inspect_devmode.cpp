@@ -10,6 +10,7 @@
 #include "ddb/password.h"
 #include "devmode/devmode.h"
 #include "favorites/settings_mapping.h"
+#include "platform/unique.h"
 #include "tools/commands.h"
 #include "tools/shown_text.h"
 
@@ -21,14 +22,9 @@ using BlockPointer = std::unique_ptr<CDevMode>;
 constexpr char kUsageText[] =
     "usage: zninspect devmode FILE | --default OUT | --convert SRC DST OUT | --merge SRC DST OUT";
 
-struct FileCloser {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, FileCloser>;
-
 // Null when the file cannot be read or is not exactly one block long.
 BlockPointer ReadBlock(const char* path) {
-  const File file(std::fopen(path, "rb"));
+  const UniqueFile file(std::fopen(path, "rb"));
   if (!file) {
     return nullptr;
   }
@@ -43,7 +39,7 @@ int FailToRead(const char* path) {
 }
 
 int WriteBlock(const char* path, const CDevMode& block) {
-  File file(std::fopen(path, "wb"));
+  UniqueFile file(std::fopen(path, "wb"));
   const bool isWritten = file && std::fwrite(&block, 1, kDevModeSize, file.get()) == kDevModeSize;
   if (!isWritten || std::fclose(file.release()) != 0) {
     return Fail(kFailed, std::string(path) + " cannot be written");

@@ -18,19 +18,24 @@ void PrintItem(std::string_view tag, std::string_view value) {
   std::fwrite(line.data(), 1, line.size(), stdout);
 }
 
-void PrintEntry(const FavoriteEntry& entry) {
-  ddb::NumberText scratch;
+// The exchange serves both directions, so it wants an entry of its own.
+void PrintEntry(SettingSource entry) {
+  constexpr bool kRead = false;
+  constexpr bool kTranslateMediaCodes = true;
+  std::string value;
   std::printf("number1=%d\nnumber2=%d\nnumber3=%d\n", entry.number1, entry.number2, entry.number3);
   PrintItem("comment", entry.comment);
   PrintItem("page_size", entry.pageSizeName);
   for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
     if (tag.name.starts_with("EXT_")) {
-      PrintItem(tag.name, ddb::ExtendedValueText(entry.option, tag, scratch));
+      ddb::ExchangeExtTag(tag.name, value, entry.option, kRead, kTranslateMediaCodes);
+      PrintItem(tag.name, value);
     }
   }
   for (const ddb::Tag& tag : ddb::kTags) {
-    if (const auto value = ddb::ValueText(entry.option.m_Body, tag, true, scratch)) {
-      PrintItem(tag.name, ddb::IsPassword(tag) ? PasswordNote(*value) : *value);
+    if (tag.kind != ddb::kIgnored) {
+      ddb::ExchangeTag(tag.name, value, entry.option, kRead, kTranslateMediaCodes);
+      PrintItem(tag.name, ddb::IsPassword(tag) ? PasswordNote(value) : value);
     }
   }
 }
@@ -43,7 +48,7 @@ int RunFavorite(Arguments arguments) {
     return Fail(kUsage, "usage: zninspect favorite FILE [--save OUT]");
   }
   CFavoriteFileManager files;
-  FavoriteEntry entry;
+  SettingSource entry;
   if (!files.LoadFavoriteFromPath(entry, arguments[0])) {
     return Fail(kFailed, std::string("cannot load ") + arguments[0]);
   }
@@ -61,7 +66,7 @@ int RunRecord(Arguments arguments) {
   if (arguments.size() != 1 || std::string_view(arguments[0]) != "--default") {
     return Fail(kUsage, "usage: zninspect record --default");
   }
-  PrintEntry(FavoriteEntry{});
+  PrintEntry(SettingSource{});
   return kOk;
 }
 

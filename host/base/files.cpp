@@ -4,14 +4,10 @@
 
 #include <array>
 #include <cstdio>
-#include <memory>
 
-#include "platform/handles.h"
+#include "platform/unique.h"
 
 namespace zn::host {
-namespace {
-using UniqueFile = Unique<FILE*, &std::fclose>;
-}
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {
   const UniqueFile file(std::fopen(path.c_str(), "rb"));

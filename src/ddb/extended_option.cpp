@@ -1,7 +1,6 @@
 #include "ddb/extended_option.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "ddb/name_index.h"
 #include "ddb/number_text.h"
@@ -20,59 +19,38 @@ std::uint32_t ScanDigits(std::string_view text) noexcept {
   return number;
 }
 
-std::int32_t ValueOf(const CPrintOptionEx& record, const ExtendedTag& tag) noexcept {
-  return tag.IsField() ? GetInteger(record.m_Body, tag.Field()) : record.m_Extended[tag.value];
-}
-
 std::int32_t Clamp(const ExtendedTag& tag, std::int32_t number) noexcept {
   return tag.highest != 0 ? std::clamp(number, tag.lowest, tag.highest) : number;
 }
-
-}  // namespace
 
 const ExtendedTag* FindExtendedTag(std::string_view name) noexcept {
   return kExtendedIndex.Find(kExtendedTags, name,
                              [](std::string_view a, std::string_view b) { return a == b; });
 }
 
-void ParseExtendedValue(CPrintOptionEx& record, const ExtendedTag& tag,
-                        std::string_view value) noexcept {
-  auto number = static_cast<std::int32_t>(ScanDigits(value));
-  if (!(tag.takesNoCode && number == kNoCode)) {
-    number = Clamp(tag, number);
-  }
-  if (tag.IsField()) {
-    SetInteger(record.m_Body, tag.Field(), number);
-  } else {
-    record.m_Extended[tag.value] = number;
-  }
-}
+}  // namespace
 
-std::string_view ExtendedValueText(const CPrintOptionEx& record, const ExtendedTag& tag,
-                                   NumberText& scratch) noexcept {
-  return FormatInteger(ValueOf(record, tag), scratch);
-}
-
-bool ComesBack(const CPrintOptionEx& record, const ExtendedTag& tag) noexcept {
-  const std::int32_t value = ValueOf(record, tag);
-  return value >= 0 && Clamp(tag, value) == value;
-}
-
-bool ExchangeExtTag(const char* tag, char* valueText, CPrintOptionEx& record, bool readDirection,
-                    bool /*reserved*/) {
-  const ExtendedTag* row = FindExtendedTag(tag);
+bool ExchangeExtTag(std::string_view tag, std::string& valueText, CPrintOptionEx& record,
+                    bool readDirection, bool /*reserved*/) {
+  const ExtendedTag* const row = FindExtendedTag(tag);
   if (row == nullptr) {
     return false;
   }
   if (readDirection) {
-    ParseExtendedValue(record, *row, valueText);
-    return true;
+    const auto number = static_cast<std::int32_t>(ScanDigits(valueText));
+    const bool isNoCode = row->takesNoCode && number == kNoCode;
+    row->field.Set(record, isNoCode ? number : Clamp(*row, number));
+  } else {
+    std::array<char, 16> digits;
+    valueText = FormatInteger(row->field.Get(record), digits);
   }
-  NumberText scratch;
-  const std::string_view text = ExtendedValueText(record, *row, scratch);
-  std::memcpy(valueText, text.data(), text.size());
-  valueText[text.size()] = '\0';
   return true;
+}
+
+bool ComesBack(std::string_view tag, const CPrintOptionEx& record) noexcept {
+  const ExtendedTag* const row = FindExtendedTag(tag);
+  const std::int32_t value = row != nullptr ? row->field.Get(record) : 0;
+  return row == nullptr || (value >= 0 && Clamp(*row, value) == value);
 }
 
 }  // namespace ddb

@@ -1,9 +1,12 @@
 #include "ddb/tag_text.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <cstdint>
+#include <span>
 
 #include "ddb/number_text.h"
+#include "ddb/tag_table.h"
 
 namespace ddb {
 namespace {
@@ -26,13 +29,9 @@ std::int32_t Translate(std::span<const std::uint8_t> codes, std::int32_t code) n
   return index < codes.size() ? codes[index] : code;
 }
 
-}  // namespace
-
-void ParseValue(PrintOptionBody& body, const Tag& tag, std::string_view value,
-                bool translateMediaCodes) noexcept {
+void Parse(std::string_view value, PrintOptionBody& body, const Tag& tag,
+           bool translateMediaCodes) noexcept {
   switch (tag.kind) {
-    case kIgnored:
-      return;
     case kText:
       SetText(body, tag, value);
       return;
@@ -55,12 +54,13 @@ void ParseValue(PrintOptionBody& body, const Tag& tag, std::string_view value,
   }
 }
 
-std::optional<std::string_view> ValueText(const PrintOptionBody& body, const Tag& tag,
-                                          bool translateMediaCodes, NumberText& scratch) noexcept {
+using NumberText = std::array<char, 16>;
+
+// The text lies in `scratch` or in the body.
+std::string_view Render(const PrintOptionBody& body, const Tag& tag, bool translateMediaCodes,
+                        NumberText& scratch) noexcept {
   const std::int32_t value = GetInteger(body, tag);
   switch (tag.kind) {
-    case kIgnored:
-      return std::nullopt;
     case kText:
       return GetText(body, tag);
     case kHundredths:
@@ -75,20 +75,19 @@ std::optional<std::string_view> ValueText(const PrintOptionBody& body, const Tag
   }
 }
 
-void ExchangeTag(const char* tag, char* valueText, CPrintOption& record, bool readDirection,
-                 bool translateMediaCodes) {
-  const Tag* row = FindTag(tag);
-  if (row == nullptr) {
+}  // namespace
+
+void ExchangeTag(std::string_view tag, std::string& valueText, CPrintOption& record,
+                 bool readDirection, bool translateMediaCodes) {
+  const Tag* const row = FindTag(tag);
+  if (row == nullptr || row->kind == kIgnored) {
     return;
   }
   if (readDirection) {
-    ParseValue(record.m_Body, *row, valueText, translateMediaCodes);
-    return;
-  }
-  NumberText scratch;
-  if (const auto text = ValueText(record.m_Body, *row, translateMediaCodes, scratch)) {
-    std::memcpy(valueText, text->data(), text->size());
-    valueText[text->size()] = '\0';
+    Parse(valueText, record.m_Body, *row, translateMediaCodes);
+  } else {
+    NumberText scratch;
+    valueText = Render(record.m_Body, *row, translateMediaCodes, scratch);
   }
 }
 

@@ -3,33 +3,21 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
+#include <string>
 #include <string_view>
 
 #include "ddb/print_option.h"
-#include "ddb/tag_table.h"
 
 namespace ddb {
-
-inline constexpr std::size_t kValueTextSize = 513;  // holds the longest value and its terminator
 
 // Media type codes: of the record by file code. Codes beyond the table are the same in both.
 inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2, 3, 6,
                                                                    8,  7, 11, 9, 4, 5};
 
-// Parses `valueText` into the record, or renders the field into it (a buffer of kValueTextSize
-// bytes). Tags match without regard to case; an unknown tag changes nothing, and an ignored one
-// leaves the buffer as it was. Never fails: text without a number reads as 0, longer text is cut.
-void ExchangeTag(const char* tag, char* valueText, CPrintOption& record, bool readDirection,
-                 bool translateMediaCodes);
-
-// The same for a row at hand, on bounded text.
-using NumberText = std::array<char, 16>;
-void ParseValue(PrintOptionBody& body, const Tag& tag, std::string_view value,
-                bool translateMediaCodes) noexcept;
-// The text lies in `scratch` or in the body; nothing for an ignored tag.
-[[nodiscard]] std::optional<std::string_view> ValueText(const PrintOptionBody& body, const Tag& tag,
-                                                        bool translateMediaCodes,
-                                                        NumberText& scratch) noexcept;
+// Parses `valueText` into the record, or renders the field into it. Tags match without regard to
+// case; an unknown tag changes nothing, and an ignored one leaves the text as it was. Never fails:
+// text without a number reads as 0, longer text is cut.
+void ExchangeTag(std::string_view tag, std::string& valueText, CPrintOption& record,
+                 bool readDirection, bool translateMediaCodes);
 
 }  // namespace ddb

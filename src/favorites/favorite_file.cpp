@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <optional>
 
 #include "ddb/extended_option.h"
@@ -11,6 +10,7 @@
 #include "favorites/favorite_tag_list.h"
 #include "favorites/item_line.h"
 #include "platform/trace.h"
+#include "platform/unique.h"
 
 namespace zn {
 namespace {
@@ -24,11 +24,6 @@ constexpr bool kTranslateMediaCodes = true;
 constexpr std::string_view kCommentKey = "Comment=";
 constexpr std::string_view kPageSizeKey = "PageSize=";
 
-struct FileCloser {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using UniqueFile = std::unique_ptr<std::FILE, FileCloser>;
-
 std::string_view OrElse(std::string_view key, std::string_view fallback) {
   return key.empty() ? fallback : key;
 }
@@ -40,47 +35,35 @@ std::string_view UpToNul(std::string_view text) {
 constexpr const char* kSource = "favorites\\FavoriteFileManager";
 constexpr const char* kClass = "CFavoriteFileManager";
 
-// Traces name the tag only: a value can be a password.
-void ReadItem(ddb::CPrintOptionEx& option, const ItemReader::Item& item) {
-  ZN_TRACE_TEXT(kSource, kClass, " %s::ReadPrintOption() %.*s\n", kClass,
-                static_cast<int>(item.tag.size()), item.tag.data());
-  if (const ddb::ExtendedTag* extended = ddb::FindExtendedTag(item.tag)) {
-    ddb::ParseExtendedValue(option, *extended, item.value);
-  } else if (const ddb::Tag* tag = ddb::FindTag(item.tag)) {
-    ddb::ParseValue(option.m_Body, *tag, item.value, kTranslateMediaCodes);
+// The value of one item, out of the text or into it. True for an extended tag: these come first.
+bool ExchangeItem(std::string_view tag, std::string& value, ddb::CPrintOptionEx& option,
+                  bool readDirection) {
+  const bool isExtended =
+      ddb::ExchangeExtTag(tag, value, option, readDirection, kTranslateMediaCodes);
+  if (!isExtended) {
+    ddb::ExchangeTag(tag, value, option, readDirection, kTranslateMediaCodes);
   }
+  return isExtended;
 }
 
-std::string_view GetItemValue(const ddb::CPrintOptionEx& option, const ListedTag& tag,
-                              ddb::NumberText& scratch) {
-  if (tag.extended != nullptr) {
-    return ddb::ExtendedValueText(option, *tag.extended, scratch);
-  }
-  return ddb::ValueText(option.m_Body, *tag.tag, kTranslateMediaCodes, scratch).value_or("");
-}
-
-// Adds the record's items; stops at the first one that does not fit.
-void PlaceItems(const ddb::CPrintOptionEx& option, ItemLine& line) {
-  for (const ListedTag& tag : GetFavoriteTagList()) {
+// Adds the record's items; stops at the first one that does not fit. The exchange serves both
+// directions, so it works on a copy. Traces name the tag only: a value can be a password.
+void PlaceItems(ddb::CPrintOptionEx option, ItemLine& line) {
+  std::string value;
+  for (const std::string_view tag : GetFavoriteTagList()) {
     // Not specified: the digit scan would read "-1" as 1.
-    if (tag.extended != nullptr && !ddb::ComesBack(option, *tag.extended)) {
-      line.Remove(tag.name);
+    if (ExchangeItem(tag, value, option, false) && !ddb::ComesBack(tag, option)) {
+      line.Remove(tag);
       continue;
     }
-    ddb::NumberText scratch;
-    std::string text;
-    std::string_view value = GetItemValue(option, tag, scratch);
-    if (tag.tag != nullptr && tag.tag->kind == ddb::kText) {
-      // An empty text is not worth a new item, but it has to replace an old one.
-      if (value.empty() && !line.Has(tag.name)) {
-        continue;
-      }
-      value = text = OneLine(value);
+    // An empty text is not worth a new item, but it has to replace an old one.
+    if (value.empty() && !line.Has(tag)) {
+      continue;
     }
-    if (!line.Place(tag.name, value)) {
+    if (!line.Place(tag, OneLine(value))) {
       return;
     }
-    ZN_TRACE_TEXT(kSource, kClass, " %s::WritePrintOption() %s\n", kClass, tag.name.data());
+    ZN_TRACE_TEXT(kSource, kClass, " %s::WritePrintOption() %s\n", kClass, tag.data());
   }
 }
 
@@ -153,8 +136,12 @@ std::optional<Header> ReadHeader(LineReader& reader, std::string_view commentKey
 void ReadPrintOption(ddb::CPrintOptionEx& option, LineReader& reader) {
   ItemReader items(reader.Rest());
   ItemReader::Item item;
+  std::string value;
   while (items.ReadPrintOptionOne(item)) {
-    ReadItem(option, item);
+    ZN_TRACE_TEXT(kSource, kClass, " %s::ReadPrintOption() %.*s\n", kClass,
+                  static_cast<int>(item.tag.size()), item.tag.data());
+    value = item.value;
+    ExchangeItem(item.tag, value, option, true);
   }
   reader.Skip(items.End());
 }
@@ -164,7 +151,7 @@ void WriteLine(std::string& file, std::string_view text) {
 }
 
 void WriteNumber(std::string& file, std::int32_t number) {
-  ddb::NumberText scratch;
+  std::array<char, 16> scratch;
   WriteLine(file, ddb::FormatInteger(number, scratch));
 }
 
@@ -177,12 +164,12 @@ void WriteKeyedLine(std::string& file, std::string_view key, std::string_view te
 
 CFavoriteFileManager::CFavoriteFileManager(FavoriteKeys keys) : keys_(std::move(keys)) {}
 
-bool CFavoriteFileManager::LoadFavoriteFromPath(FavoriteEntry& entry, const char* path) {
+bool CFavoriteFileManager::LoadFavoriteFromPath(SettingSource& entry, const char* path) {
   const auto file = ReadFile(path);
   return file && LoadFavoriteFromMemory(entry, *file);
 }
 
-bool CFavoriteFileManager::LoadFavoriteFromMemory(FavoriteEntry& entry,
+bool CFavoriteFileManager::LoadFavoriteFromMemory(SettingSource& entry,
                                                   std::string_view file) const {
   LineReader reader(file);
   const auto header = ReadHeader(reader, OrElse(keys_.comment, kCommentKey));
@@ -202,7 +189,7 @@ bool CFavoriteFileManager::LoadFavoriteFromMemory(FavoriteEntry& entry,
   return true;
 }
 
-bool CFavoriteFileManager::SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path) {
+bool CFavoriteFileManager::SaveFavoriteFromPath(const SettingSource& entry, const char* path) {
   const std::string text = SaveFavoriteToMemory(entry, ReadFile(path).value_or(""));
   UniqueFile file(std::fopen(path, "wb"));
   if (file == nullptr) {
@@ -213,7 +200,7 @@ bool CFavoriteFileManager::SaveFavoriteFromPath(const FavoriteEntry& entry, cons
   return std::fclose(file.release()) == 0 && written;
 }
 
-std::string CFavoriteFileManager::SaveFavoriteToMemory(const FavoriteEntry& entry,
+std::string CFavoriteFileManager::SaveFavoriteToMemory(const SettingSource& entry,
                                                        std::string_view oldFile) const {
   ItemLine items(SavePrintOptionInfo(oldFile));
   for (const std::string_view tag : kNeverWritten) {
@@ -234,7 +221,7 @@ std::string CFavoriteFileManager::SaveFavoriteToMemory(const FavoriteEntry& entr
   return file;
 }
 
-void CFavoriteFileManager::WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const {
+void CFavoriteFileManager::WritePrintOption(const SettingSource& entry, std::span<char> out) const {
   ItemLine items;
   PlaceItems(entry.option, items);
   const std::string line = items.Text();

@@ -12,31 +12,19 @@
 // nobody knows are skipped; saving over a file keeps the unknown ones where they stand.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "ddb/print_option.h"
-#include "platform/code_page.h"
+#include "favorites/setting_source.h"
 
 namespace zn {
 
 inline constexpr std::size_t kMaxComment = 255;       // bytes
 inline constexpr std::size_t kMaxPageSizeName = 255;  // bytes
-
-struct FavoriteEntry {
-  std::int32_t number1 = 0;
-  std::int32_t number2 = 0;
-  std::int32_t number3 = 0;  // 0 to 9
-  std::string comment;
-  std::string pageSizeName;
-  std::string folder;
-  std::string name;  // file name without extension
-  ddb::CPrintOptionEx option{SystemCodePage() == kJapaneseCodePage};
-};
 
 // The key texts as the string table yields them; empty when it does not.
 struct FavoriteKeys {
@@ -50,19 +38,19 @@ class CFavoriteFileManager {
 
   // True when the two mandatory lines were read; the entry is as it was otherwise. What the file
   // does not hold keeps the value it has in the entry. Of a file beyond 1 MB only that is read.
-  bool LoadFavoriteFromPath(FavoriteEntry& entry, const char* path);
-  bool LoadFavoriteFromMemory(FavoriteEntry& entry, std::string_view file) const;
+  bool LoadFavoriteFromPath(SettingSource& entry, const char* path);
+  bool LoadFavoriteFromMemory(SettingSource& entry, std::string_view file) const;
 
   // Replaces the file, keeping its unknown items. False when it could not be written whole; what
   // was written until then stays.
-  bool SaveFavoriteFromPath(const FavoriteEntry& entry, const char* path);
+  bool SaveFavoriteFromPath(const SettingSource& entry, const char* path);
 
   // The text of that file; `oldFile` is what stands there now, empty when nothing does.
-  [[nodiscard]] std::string SaveFavoriteToMemory(const FavoriteEntry& entry,
+  [[nodiscard]] std::string SaveFavoriteToMemory(const SettingSource& entry,
                                                  std::string_view oldFile) const;
 
   // The item line that a new file would get, into `out`: cut to its size, always terminated.
-  void WritePrintOption(const FavoriteEntry& entry, std::span<char> out) const;
+  void WritePrintOption(const SettingSource& entry, std::span<char> out) const;
 
  private:
   // A view of contents_; nothing when there is no such file.

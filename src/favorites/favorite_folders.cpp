@@ -117,7 +117,7 @@ std::string GetFavoritePath(std::string_view folder, std::string_view name) {
   return path.append(GetFavoriteExtension());
 }
 
-bool DeleteFavorite(const FavoriteEntry& entry, bool onlyInSharedFolder) {
+bool DeleteFavorite(const SettingSource& entry, bool onlyInSharedFolder) {
   if (onlyInSharedFolder && entry.folder != GetSharedFolder(SharedFolder::Favorite)) {
     return false;
   }

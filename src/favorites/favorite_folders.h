@@ -31,7 +31,7 @@ enum class MissingFolder : std::uint8_t { Leave, Create };
 [[nodiscard]] std::string GetFavoritePath(std::string_view folder, std::string_view name);
 
 // False when the file stays: also when `onlyInSharedFolder` is set and the entry lies elsewhere.
-bool DeleteFavorite(const FavoriteEntry& entry, bool onlyInSharedFolder);
+bool DeleteFavorite(const SettingSource& entry, bool onlyInSharedFolder);
 
 // The names of the folder's favourite files, extension included, in no order. Names that the ANSI
 // code page cannot spell are left out: no call would find their files.

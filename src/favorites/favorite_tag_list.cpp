@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 
+#include "ddb/extended_option.h"
 #include "favorites/settings_table.h"
 
 namespace zn {
@@ -13,19 +14,15 @@ namespace {
 class TagCollector {
  public:
   constexpr void AddExtended(std::size_t row) {
-    if (!seenExtended_[row]) {
-      seenExtended_[row] = true;
-      const ddb::ExtendedTag& tag = ddb::kExtendedTags[row];
-      list_[size_++] = {tag.name, &tag, nullptr};
-    }
+    Add(ddb::kExtendedTags[row].name, seenExtended_[row]);
   }
 
   // Every name under which a reader finds the field: an old item of a name that is left out would
   // have the last word at the next load.
   constexpr void AddField(const ddb::Tag& field) {
     for (std::size_t row = 0; row < ddb::kExtendedTags.size(); ++row) {
-      const ddb::ExtendedTag& tag = ddb::kExtendedTags[row];
-      if (tag.IsField() && tag.Field().name == field.name) {
+      const ddb::RecordField& extended = ddb::kExtendedTags[row].field;
+      if (!extended.IsExtended() && extended.Tag().name == field.name) {
         AddExtended(row);
       }
     }
@@ -33,10 +30,8 @@ class TagCollector {
     const std::size_t row = &field - ddb::kTags.data();
     for (std::size_t i = row - (row > 0); i < std::min(row + 2, ddb::kTags.size()); ++i) {
       const ddb::Tag& tag = ddb::kTags[i];
-      if (tag.offset == field.offset && tag.kind == field.kind && !seenTags_[i] &&
-          !IsExtendedName(tag.name)) {
-        seenTags_[i] = true;
-        list_[size_++] = {tag.name, nullptr, &tag};
+      if (tag.offset == field.offset && tag.kind == field.kind && !IsExtendedName(tag.name)) {
+        Add(tag.name, seenTags_[i]);
       }
     }
   }
@@ -50,15 +45,22 @@ class TagCollector {
   }
 
   [[nodiscard]] constexpr std::size_t Size() const { return size_; }
-  [[nodiscard]] constexpr const ListedTag& operator[](std::size_t i) const { return list_[i]; }
+  [[nodiscard]] constexpr std::string_view operator[](std::size_t i) const { return list_[i]; }
 
  private:
+  constexpr void Add(std::string_view name, bool& seen) {
+    if (!seen) {
+      seen = true;
+      list_[size_++] = name;
+    }
+  }
+
   static constexpr bool IsExtendedName(std::string_view name) {
     return std::ranges::find(ddb::kExtendedTags, name, &ddb::ExtendedTag::name) !=
            ddb::kExtendedTags.end();
   }
 
-  std::array<ListedTag, ddb::kTags.size()> list_{};
+  std::array<std::string_view, ddb::kTags.size()> list_{};
   std::size_t size_ = 0;
   std::array<bool, ddb::kTags.size()> seenTags_{};
   std::array<bool, ddb::kExtendedTags.size()> seenExtended_{};
@@ -84,20 +86,20 @@ consteval TagCollector CollectTags() {
 
 constexpr auto kTagList = [] {
   constexpr TagCollector kCollected = CollectTags();
-  std::array<ListedTag, kCollected.Size()> list{};
+  std::array<std::string_view, kCollected.Size()> list{};
   for (std::size_t i = 0; i < list.size(); ++i) {
     list[i] = kCollected[i];
   }
   return list;
 }();
 
-static_assert(std::ranges::none_of(kTagList, [](const ListedTag& tag) {
-  return std::ranges::find(kNeverWritten, tag.name) != kNeverWritten.end();
+static_assert(std::ranges::none_of(kTagList, [](std::string_view tag) {
+  return std::ranges::find(kNeverWritten, tag) != kNeverWritten.end();
 }));
 
 }  // namespace
 
-std::span<const ListedTag> GetFavoriteTagList() noexcept {
+std::span<const std::string_view> GetFavoriteTagList() noexcept {
   return kTagList;
 }
 

@@ -60,7 +60,7 @@ const SettingSource* FavoritesStore::Load(std::size_t index, const SheetSettings
     SettingSource& favorite = loaded_.emplace();
     TakeDefaults(favorite, sheet);
     // A favourite that says nothing about its paper takes the sheet's, not the default one.
-    const RecordField& paper = SettingRows()[KW_PAGESIZE].field;
+    const ddb::RecordField& paper = SettingRows()[KW_PAGESIZE].field;
     paper.Set(favorite.option, paper.NotSpecified());
     favorite.pageSizeName.clear();
     favorite.folder = folder_;

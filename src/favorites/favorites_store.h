@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "favorites/favorite_file.h"
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 
 namespace zn {
 

@@ -23,7 +23,7 @@ std::string_view WrittenName(std::string_view tag) noexcept {
     return tag;
   }
   for (const ddb::ExtendedTag& extended : ddb::kExtendedTags) {
-    if (extended.IsField() && &extended.Field() == field) {
+    if (!extended.field.IsExtended() && &extended.field.Tag() == field) {
       return extended.name;
     }
   }

@@ -1,62 +1,25 @@
-// Setting sources: the current settings of a sheet, its default settings or a favourite, each as a
-// print option record, and the way from the option selections into a record and back.
+// A setting source: a set of job settings as a print option record, with the names that go with it.
+// The current settings of a sheet, its default settings and each favourite are one.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
-#include <string_view>
+#include <string>
 
-#include "devmode/devmode.h"
-#include "favorites/favorite_file.h"
-#include "favorites/settings_mapping.h"
-#include "session/option_selection.h"
+#include "ddb/print_option.h"
+#include "platform/code_page.h"
 
 namespace zn {
 
-// The paper names of a printer; the selection of the paper size is an index of this list.
-struct FormList {
-  std::uint32_t count = 0;
-  std::string_view (*name)(std::uint32_t index) = nullptr;  // asked for indexes below count only
-
-  [[nodiscard]] std::string_view Name(std::uint32_t index) const;  // empty beyond the list
-  [[nodiscard]] std::optional<std::uint32_t> Find(std::string_view formName) const;
+struct SettingSource {
+  // Of a favourite's file, which alone gives them a meaning.
+  std::int32_t number1 = 0;
+  std::int32_t number2 = 0;
+  std::int32_t number3 = 0;  // 0 to 9
+  std::string comment;
+  std::string pageSizeName;
+  std::string folder;
+  std::string name;  // file name without extension
+  ddb::CPrintOptionEx option{SystemCodePage() == kJapaneseCodePage};
 };
-
-// What the conversion sees of an open sheet; owns nothing.
-struct SheetSettings {
-  OptionTable& options;
-  CDevMode& jobValues;
-  FormList forms;
-  // How many choices each option offers; 0: a number, or not known.
-  std::array<std::uint32_t, KW_MAX> choices{};
-};
-
-// A record with the names of its folder, favourite and paper size: a favourite's entry, or one that
-// was never in a file.
-using SettingSource = FavoriteEntry;
-
-// Each fills the mapped fields of the record and the name of the paper size; the rest stays.
-void TakeCurrent(SettingSource& source, const SheetSettings& sheet);
-void TakeDefaults(SettingSource& source, const SheetSettings& sheet);
-
-// How the paper size of a favourite was found.
-enum class PaperMatch : std::uint8_t {
-  ByName,
-  ByCode,  // the favourite names none
-  Unknown  // the printer does not know the name: the sheet keeps its paper size
-};
-
-// Selects what the source says, for every setting that reaches as far as `reach`. What the source
-// does not specify, or says by a value that is unknown or out of range, stays as it is.
-PaperMatch Apply(const SettingSource& source, Reach reach, SheetSettings& sheet);
-
-// Whether Apply would change anything.
-[[nodiscard]] bool Differs(const SettingSource& source, Reach reach, const SheetSettings& sheet);
-
-// The same for the sheet's default settings, without a record in between: for exactly the settings
-// that a favourite carries.
-void ApplyDefaults(SheetSettings& sheet);
-[[nodiscard]] bool DiffersFromDefaults(const SheetSettings& sheet);
 
 }  // namespace zn

@@ -20,7 +20,7 @@ constexpr bool IsPrivate(const SettingRow& row) {
 }
 
 // Where a field lies: extended fields by their number, behind all offsets.
-constexpr std::size_t PlaceOf(const RecordField& field) {
+constexpr std::size_t PlaceOf(const ddb::RecordField& field) {
   constexpr std::size_t kBehindOffsets = 1 << 20;
   return field.IsExtended() ? kBehindOffsets + static_cast<std::size_t>(field.Extended())
                             : field.Tag().offset;
@@ -64,10 +64,10 @@ consteval bool EveryFieldIsMappedOnce() {
 }
 static_assert(EveryFieldIsMappedOnce());
 
+// Numbers that read back as they were set, which those of flags and packed parts do not.
 consteval bool EveryFieldHoldsNumbers() {
   return std::ranges::all_of(kRows, [](const SettingRow& row) {
-    return row.field.IsExtended() ||
-           (row.field.Tag().kind != ddb::kText && row.field.Tag().kind != ddb::kIgnored);
+    return row.field.IsExtended() || row.field.Tag().kind <= ddb::kTenths;
   });
 }
 static_assert(EveryFieldHoldsNumbers());
@@ -112,22 +112,6 @@ std::optional<std::uint32_t> OptionIndex(const SettingRow& row, std::uint32_t co
 }
 
 }  // namespace
-
-std::int32_t RecordField::Get(const ddb::CPrintOptionEx& record) const noexcept {
-  return IsExtended() ? record.m_Extended[extended_] : ddb::GetInteger(record.m_Body, Tag());
-}
-
-void RecordField::Set(ddb::CPrintOptionEx& record, std::int32_t value) const noexcept {
-  if (IsExtended()) {
-    record.m_Extended[extended_] = value;
-  } else {
-    ddb::SetInteger(record.m_Body, Tag(), value);
-  }
-}
-
-std::int32_t RecordField::NotSpecified() const noexcept {
-  return !IsExtended() && Tag().initial == ddb::kNoLength ? ddb::kNoLength : ddb::kNoCode;
-}
 
 std::span<const SettingRow> SettingRows() noexcept {
   return kRows;

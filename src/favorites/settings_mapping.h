@@ -6,10 +6,8 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string_view>
 
-#include "ddb/print_option.h"
-#include "ddb/tag_table.h"
+#include "ddb/record_field.h"
 
 namespace zn {
 
@@ -38,37 +36,11 @@ enum class NoField : std::uint8_t {
   NoneForIt   // no field of the record stands for it
 };
 
-// The place of a value: a field of the body by its tag, or one of the extended values.
-class RecordField {
- public:
-  constexpr RecordField() = default;
-  constexpr explicit RecordField(ddb::ExtendedValue value) : extended_(value) {}
-  // An unknown name does not compile.
-  static consteval RecordField OfTag(std::string_view name) {
-    RecordField field;
-    field.tag_ = static_cast<std::int16_t>(&ddb::TagNamed(name) - ddb::kTags.data());
-    return field;
-  }
-
-  [[nodiscard]] constexpr bool IsExtended() const { return tag_ < 0; }
-  [[nodiscard]] constexpr const ddb::Tag& Tag() const { return ddb::kTags[tag_]; }
-  [[nodiscard]] constexpr ddb::ExtendedValue Extended() const { return extended_; }
-
-  [[nodiscard]] std::int32_t Get(const ddb::CPrintOptionEx& record) const noexcept;
-  void Set(ddb::CPrintOptionEx& record, std::int32_t value) const noexcept;
-  // The value that says "not specified" in this field.
-  [[nodiscard]] std::int32_t NotSpecified() const noexcept;
-
- private:
-  std::int16_t tag_ = -1;  // index in kTags
-  ddb::ExtendedValue extended_ = ddb::kExtendedValues;
-};
-
 // One row per keyword id and per private id, in the order of the ids.
 struct SettingRow {
   std::uint16_t id;
   Conversion conversion;
-  RecordField field;
+  ddb::RecordField field;
   std::uint32_t low, high;  // of Conversion::AsIs; the private ids have theirs in the block's table
   Reach reach;
   NoField reason;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <limits>
+#include <string_view>
 
 #include "favorites/settings_mapping.h"
 #include "keywords/keyword_ids.h"
@@ -13,6 +14,8 @@ inline constexpr std::uint32_t kAny = std::numeric_limits<std::int32_t>::max();
 inline constexpr Reach kPage = Reach::Page;
 inline constexpr Reach kMore = Reach::Favorite;
 inline constexpr Reach kRecord = Reach::Record;
+
+using ddb::RecordField;
 
 consteval RecordField Tag(std::string_view name) {
   return RecordField::OfTag(name);

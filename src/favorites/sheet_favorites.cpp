@@ -40,6 +40,15 @@ std::uint32_t CountChoices(const OPTITEM* item) {
   }
 }
 
+SheetSettings SettingsOf(SheetContext& sheet) {
+  SheetSettings settings{sheet.options, sheet.jobValues, {GetFormsCount(), &FormName}, {}};
+  for (KeywordId id = 0; id < KW_MAX; ++id) {
+    settings.choices[id] = HasChoicesBeyondItem(id) ? 0 : CountChoices(sheet.items[id]);
+  }
+  settings.choices[KW_PAGESIZE] = settings.forms.count;
+  return settings;
+}
+
 // Not every file system changes the case of a name in one step.
 void Respell(const std::string& path, const std::string& wanted) {
   const std::string between = wanted + ".tmp";
@@ -51,15 +60,6 @@ void Respell(const std::string& path, const std::string& wanted) {
 
 }  // namespace
 
-SheetSettings SettingsOf(SheetContext& sheet) {
-  SheetSettings settings{sheet.options, sheet.jobValues, {GetFormsCount(), &FormName}, {}};
-  for (KeywordId id = 0; id < KW_MAX; ++id) {
-    settings.choices[id] = HasChoicesBeyondItem(id) ? 0 : CountChoices(sheet.items[id]);
-  }
-  settings.choices[KW_PAGESIZE] = settings.forms.count;
-  return settings;
-}
-
 SheetFavorites& SheetFavorites::Of(SheetContext& sheet) {
   if (!sheet.favorites) {
     sheet.favorites = std::make_unique<SheetFavorites>(sheet);
@@ -68,7 +68,7 @@ SheetFavorites& SheetFavorites::Of(SheetContext& sheet) {
 }
 
 SheetFavorites::SheetFavorites(SheetContext& sheet)
-    : sheet_(sheet),
+    : settings_(SettingsOf(sheet)),
       store_(
           GetSharedFolder(SharedFolder::Favorite), GetFavoriteExtension(), LoadFavoriteKeys(),
           {LoadResourceString(IDS_STANDARD_FAVORITE), LoadResourceString(IDS_RESERVED_FAVORITE)}) {
@@ -82,17 +82,16 @@ void SheetFavorites::Refresh() {
 }
 
 const SettingSource* SheetFavorites::Load(std::size_t index) {
-  return store_.Load(index, SettingsOf(sheet_));
+  return store_.Load(index, settings_);
 }
 
 std::vector<SettingSource> SheetFavorites::LoadAll() {
-  const SheetSettings settings = SettingsOf(sheet_);
   std::vector<SettingSource> favorites(store_.Count());
   for (std::size_t i = 0; i < favorites.size(); ++i) {
-    if (const SettingSource* const favorite = store_.Load(i, settings)) {
+    if (const SettingSource* const favorite = store_.Load(i, settings_)) {
       favorites[i] = *favorite;
     } else {
-      TakeDefaults(favorites[i], settings);
+      TakeDefaults(favorites[i], settings_);
       favorites[i].name = store_.Name(i);
     }
   }
@@ -100,36 +99,34 @@ std::vector<SettingSource> SheetFavorites::LoadAll() {
 }
 
 SettingSource& SheetFavorites::Current() {
-  TakeCurrent(current_, SettingsOf(sheet_));
+  TakeCurrent(current_, settings_);
   return current_;
 }
 
 SettingSource SheetFavorites::Defaults() {
   SettingSource defaults;
-  TakeDefaults(defaults, SettingsOf(sheet_));
+  TakeDefaults(defaults, settings_);
   return defaults;
 }
 
 bool SheetFavorites::DiffersFrom(Choice choice) {
-  const SheetSettings settings = SettingsOf(sheet_);
   if (!choice) {
-    return DiffersFromDefaults(settings);
+    return DiffersFromDefaults(settings_);
   }
-  const SettingSource* const favorite = store_.Load(*choice, settings);
-  return favorite != nullptr && Differs(*favorite, Reach::Favorite, settings);
+  const SettingSource* const favorite = store_.Load(*choice, settings_);
+  return favorite != nullptr && Differs(*favorite, Reach::Favorite, settings_);
 }
 
 std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
-  SheetSettings settings = SettingsOf(sheet_);
   if (!choice) {
-    ApplyDefaults(settings);
+    ApplyDefaults(settings_);
     return PaperMatch::ByName;
   }
-  const SettingSource* const favorite = store_.Load(*choice, settings);
+  const SettingSource* const favorite = store_.Load(*choice, settings_);
   if (favorite == nullptr) {
     return std::nullopt;
   }
-  const PaperMatch match = Apply(*favorite, Reach::Favorite, settings);
+  const PaperMatch match = Apply(*favorite, Reach::Favorite, settings_);
   current_.option = favorite->option;
   return match;
 }
@@ -138,11 +135,11 @@ bool SheetFavorites::Save(std::string_view name, std::string_view comment) {
   // Makes the folder for the first favourite of the machine.
   (void)GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
   RespellFile(name);
-  return store_.Save(name, comment, SettingsOf(sheet_));
+  return store_.Save(name, comment, settings_);
 }
 
 bool SheetFavorites::Delete(std::size_t index) {
-  FavoriteEntry entry;
+  SettingSource entry;
   entry.folder = store_.Folder();
   entry.name = store_.Name(index);
   if (!DeleteFavorite(entry, true)) {

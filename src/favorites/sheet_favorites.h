@@ -7,13 +7,10 @@
 #include <vector>
 
 #include "favorites/favorites_store.h"
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 #include "session/sheet_context.h"
 
 namespace zn {
-
-// The sheet as the conversion sees it.
-[[nodiscard]] SheetSettings SettingsOf(SheetContext& sheet);
 
 class SheetFavorites final : public SheetAttachment {
  public:
@@ -24,6 +21,9 @@ class SheetFavorites final : public SheetAttachment {
   static SheetFavorites& Of(SheetContext& sheet);
 
   explicit SheetFavorites(SheetContext& sheet);
+
+  // The sheet as the conversion sees it; what its options offer is gathered once.
+  [[nodiscard]] SheetSettings& Settings() { return settings_; }
 
   // Lists the folder anew.
   void Refresh();
@@ -57,7 +57,7 @@ class SheetFavorites final : public SheetAttachment {
  private:
   void RespellFile(std::string_view name);
 
-  SheetContext& sheet_;
+  SheetSettings settings_;
   FavoritesStore store_;
   SettingSource current_;
 };

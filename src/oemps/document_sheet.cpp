@@ -104,7 +104,6 @@ LONG_PTR OpenSheet(const PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
   g_preparingThread = 0;
   PlugInContext& context = ThePlugInContext();
   SheetContext* sheet = context.sheet;
-  context.instance = ResourceInstance();
   sheet->hLastPage = AddPages(*sheet, info, helper);
   sheet->hComPropSheet = info.hComPropSheet;
   sheet->pfnComPropSheet = info.pfnComPropSheet;

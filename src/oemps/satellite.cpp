@@ -10,7 +10,6 @@
 
 #include "platform/boundary.h"
 #include "platform/resources.h"
-#include "session/plugin_context.h"
 
 namespace zn {
 namespace {
@@ -104,7 +103,6 @@ void AddLiveObject() noexcept {
     SetSatelliteInstance(GuardedOr<HINSTANCE>(nullptr, &LoadSatellite));
   }
   ++g_liveObjects;
-  ThePlugInContext().instance = ResourceInstance();
 }
 
 void RemoveLiveObject() noexcept {
@@ -114,7 +112,6 @@ void RemoveLiveObject() noexcept {
   }
   if (const HINSTANCE satellite = SatelliteInstance()) {
     SetSatelliteInstance(nullptr);
-    ThePlugInContext().instance = ResourceInstance();
     ::FreeLibrary(satellite);
   }
 }

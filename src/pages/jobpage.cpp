@@ -2,7 +2,7 @@
 // module's print option setting dialog.
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <string>
 
 #include "bridge/companion.h"
 #include "pages/commondlg.h"
@@ -12,6 +12,7 @@
 #include "platform/format_text.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
+#include "session/job_values.h"
 #include "session/session.h"
 
 namespace zn {
@@ -159,13 +160,13 @@ void CCommonDlg::InitJobName(SheetContext& sheet, const CompanionModule& compani
   for (std::size_t mode = 0; mode < kNameModeRadios.size(); ++mode) {
     SetLabelText(Control(kNameModeRadios[mode]), modes[mode], false);
   }
-  CheckRadio(window_, kNameModeRadios, static_cast<std::uint32_t>(sheet.jobNameMode));
+  CheckRadio(window_, kNameModeRadios, static_cast<std::uint32_t>(JobNameModeOf(sheet)));
 
   const HWND edit = Control(IDC_JOB_NAME);
-  sheet.jobName[sizeof sheet.jobName - 1] = '\0';
-  RememberJobName(sheet.jobName);
-  ::SetWindowTextA(edit, sheet.jobName);
-  ::EnableWindow(edit, sheet.jobNameMode == JobNameMode::Entered);
+  const std::string name(JobNameOf(sheet));
+  RememberJobName(name.c_str());
+  ::SetWindowTextA(edit, name.c_str());
+  ::EnableWindow(edit, JobNameModeOf(sheet) == JobNameMode::Entered);
 }
 
 bool CCommonDlg::GuardJobName() const {
@@ -188,14 +189,14 @@ bool CCommonDlg::GuardJobName() const {
 bool CCommonDlg::ApplyJobName(SheetContext& sheet) const {
   const int mode = CheckedRadio(window_, kNameModeRadios);
   if (mode >= 0) {
-    sheet.jobNameMode = static_cast<JobNameMode>(mode);
+    SetJobNameMode(sheet, static_cast<JobNameMode>(mode));
   }
-  if (sheet.jobNameMode == JobNameMode::Automatic) {
+  if (JobNameModeOf(sheet) == JobNameMode::Automatic) {
     return true;
   }
   const std::string name = ControlText(Control(IDC_JOB_NAME), kJobNameReadLimit);
   if (name.size() >= kMinJobName && name.size() <= kMaxJobName) {
-    std::memcpy(sheet.jobName, name.c_str(), name.size() + 1);
+    SetJobName(sheet, name);
     return true;
   }
   ShowMessage(window_,

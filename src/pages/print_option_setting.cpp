@@ -5,6 +5,7 @@
 #include "bridge/companion.h"
 #include "ddb/password.h"
 #include "favorites/sheet_favorites.h"
+#include "session/job_values.h"
 
 namespace zn {
 namespace {
@@ -16,10 +17,6 @@ void Unscramble(Password& password) {
     ddb::UnscramblePassword(password.text);
     password.set = 0;
   }
-}
-
-void CopyPath(char (&buffer)[kCompanionPathSize], std::string_view path) {
-  buffer[path.copy(buffer, sizeof buffer - 1)] = '\0';
 }
 
 }  // namespace
@@ -34,21 +31,19 @@ bool RunPrintOptionSetting(SheetContext& sheet, HWND owner) {
   SettingSource working = favorites.Current();
   SettingSource reference = favorites.Defaults();
   PrintOptionSettingTexts texts{};
-  CopyPath(texts.recordName, sheet.jobValues.GetText(devmode::kFavoriteName));
-  CopyPath(texts.favoriteFolder, favorites.List().Folder());
-  CopyPath(texts.driverFolder, driverFolder);
-  CopyPath(texts.profile, {sheet.deviceProfilePath,
-                           ::strnlen(sheet.deviceProfilePath, sizeof sheet.deviceProfilePath)});
+  CopyText(texts.recordName, sheet.jobValues.GetText(devmode::kFavoriteName));
+  CopyText(texts.favoriteFolder, favorites.List().Folder());
+  CopyText(texts.driverFolder, driverFolder);
+  CopyText(texts.profile, DeviceProfileOf(sheet));
   if (!companion.PrintOptionSetting(working.option, reference.option, texts, owner)) {
     return false;
   }
   Unscramble(working.option.m_Body.SP_FMPAS);
   Unscramble(working.option.m_Body.USR_SCPS);
   working.pageSizeName.clear();  // the dialog knows papers by their codes only
-  SheetSettings settings = SettingsOf(sheet);
-  Apply(working, Reach::Record, settings);
+  Apply(working, Reach::Record, favorites.Settings());
   favorites.Current().option = working.option;
-  CopyPath(sheet.deviceProfilePath, texts.profile);
+  SetDeviceProfile(sheet, TextOf(texts.profile));
   return true;
 }
 

@@ -9,8 +9,8 @@ namespace zn {
 
 // Hands the sheet's current settings to the dialog, with the default settings as reference. Closed
 // with OK, what the dialog changed becomes the current selections and job values, and its profile
-// goes into `sheet.deviceProfilePath`. False, and the sheet as it was, when the dialog was
-// cancelled or the companion module is missing.
+// becomes the job's device profile. False, and the sheet as it was, when the dialog was cancelled
+// or the companion module is missing.
 bool RunPrintOptionSetting(SheetContext& sheet, HWND owner);
 
 }  // namespace zn

@@ -1,7 +1,6 @@
 #include "pages/profile_source.h"
 
 #include <string>
-#include <string_view>
 
 #include "platform/double_byte.h"
 #include "platform/spooler.h"
@@ -26,10 +25,9 @@ bool UpdateProfile(CProfileInfo& profile, const SheetContext& sheet) {
   if (folder.empty()) {
     return profile.ReadProfile("", codePage);
   }
-  std::string name(TextOf(sheet.deviceProfilePath));
-  const std::string_view driverName = TextOf(sheet.driverName);
-  if (name.empty() || name == driverName) {
-    name.assign(driverName).append(".cps");  // a dot in a driver's name begins no extension
+  std::string name(DeviceProfileOf(sheet));
+  if (name == TextOf(sheet.driverName)) {
+    name.append(".cps");  // a dot in a driver's name begins no extension
   }
   return profile.UpdateProfile(folder.c_str(), name.c_str(), codePage);
 }

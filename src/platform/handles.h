@@ -7,21 +7,9 @@
 #include <prsht.h>
 #include <winspool.h>
 
-#include <memory>
-#include <type_traits>
+#include "platform/unique.h"
 
 namespace zn {
-
-template <auto Close>
-struct Closer {
-  template <class Handle>
-  void operator()(Handle handle) const noexcept {
-    Close(handle);
-  }
-};
-
-template <class Handle, auto Close>
-using Unique = std::unique_ptr<std::remove_pointer_t<Handle>, Closer<Close>>;
 
 using UniqueKey = Unique<HKEY, &::RegCloseKey>;
 using UniquePrinter = Unique<HANDLE, &::ClosePrinter>;

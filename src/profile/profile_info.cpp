@@ -4,13 +4,13 @@
 #include <clocale>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "platform/device_name.h"
 #include "platform/double_byte.h"
 #include "platform/trace.h"
+#include "platform/unique.h"
 #include "profile/profile_items.h"
 #include "profile/profile_lines.h"
 
@@ -43,11 +43,6 @@ constexpr char kSeparator = '\\';
 #else
 constexpr char kSeparator = '/';
 #endif
-
-struct FileCloser {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using UniqueFile = std::unique_ptr<std::FILE, FileCloser>;
 
 const char* LocaleName(unsigned ansiCodePage) {
   struct Row {

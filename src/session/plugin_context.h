@@ -2,14 +2,11 @@
 // user-interface thread; only one document sheet may be open per process.
 #pragma once
 
-#include <windows.h>
-
 #include "session/sheet_context.h"
 
 namespace zn {
 
 struct PlugInContext {
-  HINSTANCE instance;   // the resource instance
   SheetContext* sheet;  // null: no sheet is prepared
 };
 

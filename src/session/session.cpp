@@ -119,9 +119,6 @@ int CSession::SetPrivate(std::uint32_t id, std::uint32_t value) noexcept {
   if (field == nullptr) {
     return 0;
   }
-  if (id == private_id::kJobNameMode) {
-    m_p->jobNameMode = JobNameModeOf(value);
-  }
   WriteJobValue(*m_p, field->offset, field->privateWidth == 16 ? value & kLow16 : value);
   return Holds(kZeroAnswerIds, id) ? 0 : 1;
 }

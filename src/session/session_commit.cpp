@@ -23,12 +23,7 @@ std::uint32_t CurrentCode(const SheetContext& sheet, KeywordId id) noexcept {
 }
 
 void CommitTexts(SheetContext& sheet) noexcept {
-  CDevMode& values = sheet.jobValues;
-  values.SetText(devmode::kJobName, TextOf(sheet.jobName));
-  const std::string_view profile = TextOf(sheet.deviceProfilePath);
-  if (profile != TextOf(sheet.driverName) || !values.GetText(devmode::kDeviceProfile).empty()) {
-    values.SetText(devmode::kDeviceProfile, profile);
-  }
+  const CDevMode& values = sheet.jobValues;
   CDevMode* const block = SettingsBlock(sheet);
   if (block == nullptr) {
     return;
@@ -101,7 +96,6 @@ void CSession::CommitSession() noexcept {
     }
     DRVSetDWord(id, sheet.Current(id));
   }
-  sheet.jobValues.SetDWord(devmode::kJobNameMode, static_cast<std::uint32_t>(sheet.jobNameMode));
   for (const IdRange& range : kCommittedIds) {
     for (std::uint32_t id = range.first; id <= range.last; ++id) {
       if (const DevModeField* const field = FindPrivateField(id)) {

@@ -2,7 +2,6 @@
 // printer's stored settings say.
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "keywords/keyword_table.h"
 #include "platform/full_devmode.h"
@@ -39,10 +38,6 @@ void TakeJobValues(SheetContext& sheet) noexcept {
     sheet.jobValues = {};
     sheet.jobValues.SetDefaults();
   }
-  sheet.jobNameMode = JobNameModeOf(sheet.jobValues.GetDWord(devmode::kJobNameMode));
-  CopyText(sheet.jobName, sheet.jobValues.GetText(devmode::kJobName));
-  const std::string_view profile = sheet.jobValues.GetText(devmode::kDeviceProfile);
-  CopyText(sheet.deviceProfilePath, profile.empty() ? TextOf(sheet.driverName) : profile);
 }
 
 // The user's authentication data are the printer's, not the job's.
@@ -130,7 +125,7 @@ void CSession::HidePrinterSetting() noexcept {
   TakeJobValues(sheet);
 
   CDevMode stored;
-  if (!ReadStoredBlock(sheet.hPrinter, info, sheet.driverWindow, stored)) {
+  if (!ReadStoredBlock(sheet.hPrinter, info, stored)) {
     return;
   }
   TakeUserData(sheet, stored);

@@ -102,7 +102,6 @@ inline constexpr auto kNeverZero =
 
 namespace private_id {
 inline constexpr std::uint32_t kSaveTiff = 4301;
-inline constexpr std::uint32_t kJobNameMode = 4348;
 inline constexpr std::uint32_t kNotReadable = 5824;  // from here on reads answer 0xFFFFFFFF
 }  // namespace private_id
 

@@ -14,8 +14,6 @@
 
 namespace zn {
 
-enum class JobNameMode : std::uint32_t { Automatic = 0, Entered = 1 };
-
 // Base of what a later part of the plug-in hangs on the sheet (favourites, image lists);
 // destroyed with the sheet.
 struct SheetAttachment {
@@ -29,7 +27,6 @@ struct SheetContext {
   CDevMode* pDevMode;  // this job's settings block; may have another header, see SettingsBlock
   DEVMODEW* pPublicDM;
   HANDLE hPrinter;
-  HWND driverWindow;  // the driver's parent window
   UniqueDriverUI pOEMHelp;  // a reference of the sheet's own
   OEMUIOBJ* poemuiobj;
   HANDLE hComPropSheet;
@@ -43,19 +40,17 @@ struct SheetContext {
   std::array<OPTITEM*, KW_MAX> items;  // null: the printer has no such option
   OptionTable options;
 
-  // The sheet's own copy of the job values; commit writes it back to *pDevMode.
+  // The sheet's own copy of the job values; commit writes it back to *pDevMode. It is also
+  // where job-name mode, job name and device profile live: session/job_values.h names them.
   CDevMode jobValues;
   bool settingsRead;     // set-up reached its end; before that, defaults stand for what it reads
   bool settingsChanged;  // an option was set since the sheet was set up
 
-  JobNameMode jobNameMode;
-  char jobName[256];
-  char deviceProfilePath[260];  // profile name, as the option setting dialog returns it
-  char driverName[260];         // names the profile while the job names none
-  bool hasPageOrder;            // the core driver offers a page-order item
-  bool rawOnly;                 // 1 when the printer lacks PRINTER_ATTRIBUTE_RAW_ONLY
-  bool mayChangeSettings;       // first sheet flag of the advanced tree
-  bool treeReadOnlyFlag;        // second sheet flag of the advanced tree; always set
+  char driverName[260];    // names the device profile while the job names none
+  bool hasPageOrder;       // the core driver offers a page-order item
+  bool rawOnly;            // 1 when the printer lacks PRINTER_ATTRIBUTE_RAW_ONLY
+  bool mayChangeSettings;  // first sheet flag of the advanced tree
+  bool treeReadOnlyFlag;   // second sheet flag of the advanced tree; always set
 
   std::unique_ptr<SheetAttachment> favorites;
 

@@ -38,13 +38,12 @@ bool CopyBlock(const Info& info, std::size_t currentSize, CDevMode& block) noexc
 
 }  // namespace
 
-bool ReadStoredBlock(HANDLE printer, const PrinterInfo2& info, HWND driverWindow,
-                     CDevMode& block) noexcept {
+bool ReadStoredBlock(HANDLE printer, const PrinterInfo2& info, CDevMode& block) noexcept {
   if (!info) {
     return false;
   }
   const LONG size =
-      ::DocumentPropertiesA(driverWindow, printer, info->pPrinterName, nullptr, nullptr, 0);
+      ::DocumentPropertiesA(nullptr, printer, info->pPrinterName, nullptr, nullptr, 0);
   if (size <= 0) {
     return false;
   }

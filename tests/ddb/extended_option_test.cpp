@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstring>
 #include <string>
 
@@ -11,12 +10,12 @@ namespace ddb {
 namespace {
 
 std::string Written(CPrintOptionEx& record, const char* tag) {
-  std::array<char, kValueTextSize> text{};
-  return ExchangeExtTag(tag, text.data(), record, false, false) ? text.data() : "(unknown)";
+  std::string text;
+  return ExchangeExtTag(tag, text, record, false, false) ? text : "(unknown)";
 }
 
 bool Read(CPrintOptionEx& record, const char* tag, std::string value) {
-  return ExchangeExtTag(tag, value.data(), record, true, false);
+  return ExchangeExtTag(tag, value, record, true, false);
 }
 
 TEST(ExchangeExtTag, ReadsWithItsOwnDigitScan) {
@@ -39,13 +38,13 @@ TEST(ExchangeExtTag, ReadsWithItsOwnDigitScan) {
     CPrintOptionEx record(true);
     EXPECT_TRUE(Read(record, row.tag, row.value));
     EXPECT_EQ(Written(record, row.tag), row.written) << row.tag << " " << row.value;
-    EXPECT_EQ(ComesBack(record, *FindExtendedTag(row.tag)), row.written[0] != '-') << row.value;
+    EXPECT_EQ(ComesBack(row.tag, record), row.written[0] != '-') << row.value;
   }
 }
 
 TEST(ExchangeExtTag, KnowsItsTagsInUpperCaseOnly) {
   const CPrintOptionEx fresh(true);
-  EXPECT_FALSE(ComesBack(fresh, *FindExtendedTag("PG_NUMBR")));  // 0 would come back as 1
+  EXPECT_FALSE(ComesBack("PG_NUMBR", fresh));  // 0 would come back as 1
   CPrintOptionEx record(true);
   for (const char* tag : {"ext_nup", "EXT_NU", "EXT_NUPB", "PG_PSIZE", "PG_PPSIZEX", ""}) {
     EXPECT_FALSE(Read(record, tag, "5")) << tag;

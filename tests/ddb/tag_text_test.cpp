@@ -3,23 +3,25 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <map>
 #include <string>
 
+#include "ddb/tag_table.h"
+
 namespace ddb {
 namespace {
 
 std::string Written(CPrintOption& record, const std::string& tag, bool translate = true) {
-  std::array<char, kValueTextSize> text;
-  text.fill('#');
-  ExchangeTag(tag.c_str(), text.data(), record, false, translate);
-  return text[0] == '#' ? "(untouched)" : text.data();
+  std::string text = "(untouched)";
+  ExchangeTag(tag, text, record, false, translate);
+  return text;
 }
 
 void Read(CPrintOption& record, const std::string& tag, std::string value, bool translate = true) {
-  ExchangeTag(tag.c_str(), value.data(), record, true, translate);
+  ExchangeTag(tag, value, record, true, translate);
 }
 
 TEST(ExchangeTag, ReadsEachKindByItsRules) {

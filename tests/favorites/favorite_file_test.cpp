@@ -27,8 +27,8 @@ constexpr std::string_view kFile =
     "PageSize=A3 wide\n";
 
 // An entry with odd values, to see what a load leaves alone.
-FavoriteEntry OddEntry() {
-  FavoriteEntry entry;
+SettingSource OddEntry() {
+  SettingSource entry;
   entry.number1 = 101;
   entry.number2 = 102;
   entry.number3 = 3;
@@ -39,7 +39,7 @@ FavoriteEntry OddEntry() {
   return entry;
 }
 
-std::string Summary(const FavoriteEntry& entry) {
+std::string Summary(const SettingSource& entry) {
   return std::to_string(entry.number1) + "|" + std::to_string(entry.number2) + "|" +
          std::to_string(entry.number3) + "|" + entry.comment + "|" + entry.pageSizeName + "|" +
          std::to_string(entry.option.m_Extended[ddb::EXT_NUP]);
@@ -53,11 +53,11 @@ std::string LowerCase(std::string_view text) {
 
 class FavoriteFile : public ::testing::Test {
  protected:
-  bool Save(const FavoriteEntry& entry) {
+  bool Save(const SettingSource& entry) {
     return files_.SaveFavoriteFromPath(entry, path_.c_str());
   }
-  FavoriteEntry Load() {
-    FavoriteEntry entry;
+  SettingSource Load() {
+    SettingSource entry;
     EXPECT_TRUE(files_.LoadFavoriteFromPath(entry, path_.c_str()));
     return entry;
   }
@@ -99,7 +99,7 @@ TEST_F(FavoriteFile, LoadsWhatItHoldsAndLeavesTheRest) {
       {"1\r\n2\r\nEXT_NUP=4\t\t\r\n", "1|2|3|old comment|old size|4"},
   };
   for (const Row& row : rows) {
-    FavoriteEntry entry = OddEntry();
+    SettingSource entry = OddEntry();
     const bool loaded = CFavoriteFileManager().LoadFavoriteFromMemory(entry, row.file);
     EXPECT_EQ(loaded, row.summary != nullptr) << row.file;
     EXPECT_EQ(Summary(entry), row.summary != nullptr ? row.summary : Summary(OddEntry()))
@@ -110,7 +110,7 @@ TEST_F(FavoriteFile, LoadsWhatItHoldsAndLeavesTheRest) {
 
 TEST_F(FavoriteFile, CommentsAreReadUpToTheirLimit) {
   for (const std::size_t size : {254, 255, 256, 257, 258}) {
-    FavoriteEntry entry = OddEntry();
+    SettingSource entry = OddEntry();
     const std::string file = "1\n2\nComment=" + std::string(size, 'c') + "\nEXT_NUP=4\t\t\n";
     CFavoriteFileManager().LoadFavoriteFromMemory(entry, file);
     // A line of 266 bytes without LF is no comment line, so it is the item line.
@@ -121,7 +121,7 @@ TEST_F(FavoriteFile, CommentsAreReadUpToTheirLimit) {
 }
 
 TEST_F(FavoriteFile, OffersItemsToTheExtendedTagsFirst) {
-  FavoriteEntry entry;
+  SettingSource entry;
   CFavoriteFileManager().LoadFavoriteFromMemory(
       entry,
       "0\n0\nEXT_PGSIZE=5\t\tPG_PPSIZE=6\t\tpg_numbr=-4\t\tGR_DEPTH=1x2\t\tPG_PTYPE=0\t\t"
@@ -138,7 +138,7 @@ TEST_F(FavoriteFile, OffersItemsToTheExtendedTagsFirst) {
 }
 
 TEST_F(FavoriteFile, MissingFileLoadsNothing) {
-  FavoriteEntry entry = OddEntry();
+  SettingSource entry = OddEntry();
   for (const std::string& name : {std::string("none.pfj"), std::string(), std::string(300, 'n')}) {
     EXPECT_FALSE(files_.LoadFavoriteFromPath(entry, folder_.Path(name).c_str()));
   }
@@ -146,7 +146,7 @@ TEST_F(FavoriteFile, MissingFileLoadsNothing) {
 }
 
 TEST_F(FavoriteFile, SavesTheLinesInOrder) {
-  FavoriteEntry entry = OddEntry();
+  SettingSource entry = OddEntry();
   entry.option.m_Extended[ddb::EXT_NUP] = 4;
   ASSERT_TRUE(Save(entry));
   EXPECT_THAT(Text(), StartsWith("101\n102\n3\nComment=old comment\n"
@@ -159,13 +159,13 @@ TEST_F(FavoriteFile, SavesTheLinesInOrder) {
 }
 
 TEST_F(FavoriteFile, TextsAreMadeToFitTheirLines) {
-  FavoriteEntry entry;
+  SettingSource entry;
   entry.number3 = 12;  // would be taken for the item line
   entry.comment = "first\r\nsecond\tthird\n" + std::string(400, 'c');
   entry.pageSizeName = "A4\nwide" + std::string(400, 'p');
   ddb::SetText(entry.option.m_Body, ddb::TagNamed("MEMO_CMT"), "a\r\nb\tc=d");
   ASSERT_TRUE(Save(entry));
-  const FavoriteEntry loaded = Load();
+  const SettingSource loaded = Load();
   EXPECT_EQ(loaded.number3, 9);
   EXPECT_EQ(loaded.comment, "first second\tthird " + std::string(236, 'c'));
   EXPECT_EQ(loaded.pageSizeName, "A4 wide" + std::string(248, 'p'));
@@ -173,7 +173,7 @@ TEST_F(FavoriteFile, TextsAreMadeToFitTheirLines) {
 }
 
 TEST_F(FavoriteFile, KeyTextsOfTheStringTableAndTheirFallbacks) {
-  const FavoriteEntry entry = OddEntry();
+  const SettingSource entry = OddEntry();
   std::string text = CFavoriteFileManager({"Memo:", "Size:"}).SaveFavoriteToMemory(entry, {});
   EXPECT_THAT(text, HasSubstr("\nMemo:old comment\n"));
   EXPECT_THAT(text, HasSubstr("\nSize:old size\n"));
@@ -181,14 +181,14 @@ TEST_F(FavoriteFile, KeyTextsOfTheStringTableAndTheirFallbacks) {
   text = CFavoriteFileManager({"", ""}).SaveFavoriteToMemory(entry, {});
   EXPECT_THAT(text, HasSubstr("\nComment=old comment\n"));
   EXPECT_THAT(text, HasSubstr("\nComment=old size\n"));
-  FavoriteEntry loaded;
+  SettingSource loaded;
   CFavoriteFileManager({"", ""}).LoadFavoriteFromMemory(loaded, "0\n0\nComment=c\n\nPageSize=p\n");
   EXPECT_EQ(loaded.comment + loaded.pageSizeName, "cp");
 }
 
 TEST_F(FavoriteFile, ResaveKeepsUnknownItemsInTheirPlaces) {
   folder_.Write("x.pfj", kFile);
-  FavoriteEntry entry = Load();
+  SettingSource entry = Load();
   entry.option.m_Body.PG_NUMBR = 20;
   entry.option.m_Body.MEMO_CMT.text[0] = '\0';
   ASSERT_TRUE(Save(entry));
@@ -200,7 +200,7 @@ TEST_F(FavoriteFile, ResaveKeepsUnknownItemsInTheirPlaces) {
 TEST_F(FavoriteFile, ResaveLeavesNoOldValueToBeReadLater) {
   folder_.Write("x.pfj",
                 "0\n0\npg_ppsize=7\t\text_nup=3\t\tOut_Stpl=9\t\tEXT_PSLLV=2\t\tPG_PTRAY=4\t\t\n");
-  FavoriteEntry entry = Load();
+  SettingSource entry = Load();
   EXPECT_EQ(entry.option.m_Body.PG_PPSIZE, 7);
   entry.option.m_Body.PG_PPSIZE = 8;
   entry.option.m_Body.OUT_STPL = 1;
@@ -208,7 +208,8 @@ TEST_F(FavoriteFile, ResaveLeavesNoOldValueToBeReadLater) {
   ASSERT_TRUE(Save(entry));
   EXPECT_THAT(Text(),
               HasSubstr("\nEXT_PGSIZE=8\t\text_nup=3\t\tOUT_STPL=1\t\tEXT_PSLLV=2\t\tEXT_"));
-  EXPECT_EQ(test::LostSetting(entry, Load()), "");
+  SettingSource loaded = Load();
+  EXPECT_EQ(test::LostSetting(entry, loaded), "");
   EXPECT_EQ(Load().option.m_Body.PG_PTRAY, ddb::kNoCode);
 }
 
@@ -216,7 +217,7 @@ TEST_F(FavoriteFile, UseSwitchesAreReadButNeverWritten) {
   folder_.Write("x.pfj",
                 "0\n0\nA=1\t\tOT_USEICC=1\t\tot_useicuid=1\t\tOT_USEICUC=u\t\tOT_USEICUP=p\t\t"
                 "OT_USEICAID=a\t\tB=2\t\t\n");
-  const FavoriteEntry entry = Load();
+  const SettingSource entry = Load();
   EXPECT_STREQ(entry.option.m_Body.OT_USEICUP.text, "p");
   EXPECT_EQ(entry.option.m_Body.OT_USEICUID, 1);
   ASSERT_TRUE(Save(entry));
@@ -227,7 +228,7 @@ TEST_F(FavoriteFile, UseSwitchesAreReadButNeverWritten) {
 TEST_F(FavoriteFile, FullLineKeepsTheOldValuesBehindIt) {
   const std::string unknown = "NEWER=" + std::string(4900, 'x') + "\t\t";
   folder_.Write("x.pfj", "0\n0\n0\nComment=\n" + unknown + "CL_GAMMA=2\t\t\n");
-  FavoriteEntry entry = Load();
+  SettingSource entry = Load();
   entry.option.m_Extended[ddb::EXT_NUP] = 3;
   entry.option.m_Body.CL_GAMMA = 1;
   ASSERT_TRUE(Save(entry));
@@ -239,14 +240,14 @@ TEST_F(FavoriteFile, FullLineKeepsTheOldValuesBehindIt) {
 TEST_F(FavoriteFile, HugeLineIsReadOnlyUpToALimit) {
   folder_.Write("x.pfj", "1\n2\n3\nComment=c\nEXT_NUP=4\t\tX=");
   std::filesystem::resize_file(path_, std::uintmax_t{1} << 30);
-  const FavoriteEntry entry = Load();
+  const SettingSource entry = Load();
   EXPECT_EQ(Summary(entry), "1|2|3|c||4");
   EXPECT_TRUE(Save(entry));
   EXPECT_LT(Text().size(), 5100U);
 }
 
 TEST_F(FavoriteFile, ReportsWhatCouldNotBeWritten) {
-  const FavoriteEntry entry = OddEntry();
+  SettingSource entry = OddEntry();
   EXPECT_FALSE(files_.SaveFavoriteFromPath(entry, folder_.Path("none/x.pfj").c_str()));
   EXPECT_FALSE(files_.SaveFavoriteFromPath(entry, folder_.Path("").c_str()));
 #ifdef __linux__
@@ -255,7 +256,7 @@ TEST_F(FavoriteFile, ReportsWhatCouldNotBeWritten) {
 }
 
 TEST_F(FavoriteFile, BufferVariantIsCutAndTerminated) {
-  const FavoriteEntry entry;
+  const SettingSource entry;
   std::string part(21, '#');
   files_.WritePrintOption(entry, std::span(part).first(20));
   EXPECT_EQ(part, std::string("EXT_ORIENTATION=0\t\t\0#", 21));
@@ -272,7 +273,7 @@ std::string RandomFile(std::mt19937& random) {
   const auto list = GetFavoriteTagList();
   const auto count = random() % 200;
   for (unsigned i = 0; i < count; ++i) {
-    const ListedTag& listed = list[random() % list.size()];
+    const std::string_view listed = list[random() % list.size()];
     switch (random() % 8) {
       case 0:
         file += kNoise[random() % std::size(kNoise)];
@@ -281,15 +282,15 @@ std::string RandomFile(std::mt19937& random) {
         file += std::string(ddb::kTags[random() % ddb::kTags.size()].name) + "=7\t\t";
         break;
       case 2:
-        file += LowerCase(listed.name) + "=" + std::to_string(random() % 20) + "\t\t";
+        file += LowerCase(listed) + "=" + std::to_string(random() % 20) + "\t\t";
         break;
       case 3:
         file +=
             "NEW_" + std::to_string(random() % 50) + "=" + std::string(random() % 40, 'n') + "\t\t";
         break;
       default:
-        file += std::string(listed.name) + "=" +
-                (listed.extended != nullptr ? std::to_string(random() % 100000) : number()) +
+        file += std::string(listed) + "=" +
+                (std::ranges::count(ddb::kExtendedTags, listed, &ddb::ExtendedTag::name) != 0 ? std::to_string(random() % 100000) : number()) +
                 "\t\t";
     }
   }
@@ -311,15 +312,15 @@ TEST_F(FavoriteFile, WhatWasSavedIsLoadedAgain) {
   for (int round = 0; round < 400; ++round) {
     const std::string file = RandomFile(random);
     const std::string old = random() % 2 == 0 ? file : "";
-    FavoriteEntry first;
-    FavoriteEntry second;
+    SettingSource first;
+    SettingSource second;
     ASSERT_TRUE(files_.LoadFavoriteFromMemory(first, file));
     const std::string saved = files_.SaveFavoriteToMemory(first, old);
     ASSERT_TRUE(files_.LoadFavoriteFromMemory(second, saved));
     EXPECT_EQ(Summary(second), Summary(first)) << file;
     EXPECT_EQ(test::LostSetting(first, second), "") << file;
     EXPECT_EQ(UnknownItems(saved), UnknownItems(old));
-    for (const FavoriteEntry& entry : {first, second}) {
+    for (const SettingSource& entry : {first, second}) {
       EXPECT_EQ(files_.SaveFavoriteToMemory(entry, saved), saved) << "changed by a second save";
     }
   }

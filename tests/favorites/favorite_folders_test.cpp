@@ -101,13 +101,13 @@ TEST_F(FavoriteFolders, KeysAndExtensionComeFromTheStringTable) {
 }
 
 TEST_F(FavoriteFolders, FilesAreDeletedOnlyWhereTheyMayAndNotWhileInUse) {
-  FavoriteEntry entry;
+  SettingSource entry;
   entry.name = "\x83\x70\x81\x5B\x83\x67 1";
   entry.folder = GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
-  FavoriteEntry elsewhere = entry;
+  SettingSource elsewhere = entry;
   elsewhere.folder = temp_.Path();
   CFavoriteFileManager files(LoadFavoriteKeys());
-  for (const FavoriteEntry* each : {&entry, &elsewhere}) {
+  for (const SettingSource* each : {&entry, &elsewhere}) {
     const std::string path = GetFavoritePath(each->folder, each->name);
     ASSERT_TRUE(files.SaveFavoriteFromPath(*each, path.c_str()));
   }
@@ -118,7 +118,7 @@ TEST_F(FavoriteFolders, FilesAreDeletedOnlyWhereTheyMayAndNotWhileInUse) {
   const std::string path = GetFavoritePath(entry.folder, entry.name);
   const HANDLE user = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  FavoriteEntry changed = entry;
+  SettingSource changed = entry;
   changed.comment = "new";
   EXPECT_FALSE(files.SaveFavoriteFromPath(changed, path.c_str()));
   EXPECT_FALSE(DeleteFavorite(entry, true));

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "ddb/extended_option.h"
 #include "devmode/devmode.h"
 #include "favorites/favorite_file.h"
 #include "favorites/item_line.h"
@@ -68,15 +69,11 @@ std::vector<std::string> TagsOf(const std::string& line) {
 }
 
 std::vector<std::string> ListedNames() {
-  std::vector<std::string> names;
-  for (const ListedTag& tag : GetFavoriteTagList()) {
-    names.emplace_back(tag.name);
-  }
-  return names;
+  return {GetFavoriteTagList().begin(), GetFavoriteTagList().end()};
 }
 
 TEST(FavoriteTagList, FitsIntoTheLineWithItsWidestValues) {
-  FavoriteEntry entry;
+  SettingSource entry;
   SetWidestValues(entry.option);
   std::string line(2 * kItemLineSize, '\0');
   CFavoriteFileManager().WritePrintOption(entry, line);
@@ -85,7 +82,7 @@ TEST(FavoriteTagList, FitsIntoTheLineWithItsWidestValues) {
   EXPECT_THAT(TagsOf(line), ::testing::ElementsAreArray(ListedNames()));
   EXPECT_LE(line.size(), 4600U);  // room for unknown items and for values of other systems
 
-  FavoriteEntry loaded;
+  SettingSource loaded;
   CFavoriteFileManager().LoadFavoriteFromMemory(loaded, "0\n0\n" + line);
   for (const SettingRow& row : SettingRows()) {
     if (row.IsMapped() && row.reach != Reach::Record) {

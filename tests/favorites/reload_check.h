@@ -5,29 +5,25 @@
 
 #include "ddb/extended_option.h"
 #include "ddb/tag_text.h"
-#include "favorites/favorite_file.h"
 #include "favorites/favorite_tag_list.h"
+#include "favorites/setting_source.h"
 
 namespace zn::test {
 
-inline std::string ListedValue(const FavoriteEntry& entry, const ListedTag& tag) {
-  ddb::NumberText scratch;
-  if (tag.extended != nullptr) {
-    return std::string(ddb::ExtendedValueText(entry.option, *tag.extended, scratch));
+inline std::string ListedValue(SettingSource& entry, std::string_view tag) {
+  std::string value;
+  if (!ddb::ExchangeExtTag(tag, value, entry.option, false, true)) {
+    ddb::ExchangeTag(tag, value, entry.option, false, true);
   }
-  return std::string(ddb::ValueText(entry.option.m_Body, *tag.tag, true, scratch).value());
+  return value;
 }
 
-// Whether the value gets an item; the others are not specified.
-inline bool IsSpecified(const FavoriteEntry& entry, const ListedTag& tag) {
-  return tag.extended == nullptr || ddb::ComesBack(entry.option, *tag.extended);
-}
-
-// The name of the first listed tag whose value did not come back; empty when all did.
-inline std::string LostSetting(const FavoriteEntry& saved, const FavoriteEntry& loaded) {
-  for (const ListedTag& tag : GetFavoriteTagList()) {
-    if (IsSpecified(saved, tag) && ListedValue(saved, tag) != ListedValue(loaded, tag)) {
-      return std::string(tag.name);
+// The name of the first listed tag whose value was specified and did not come back; empty when all
+// did.
+inline std::string_view LostSetting(SettingSource& saved, SettingSource& loaded) {
+  for (const std::string_view tag : GetFavoriteTagList()) {
+    if (ddb::ComesBack(tag, saved.option) && ListedValue(saved, tag) != ListedValue(loaded, tag)) {
+      return tag;
     }
   }
   return {};

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "favorites/favorite_file.h"
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 #include "keywords/keyword_table.h"
 #include "tests/favorites/settings_test_sheet.h"
 #include "tests/support/temp_folder.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 
 namespace zn::test {
 

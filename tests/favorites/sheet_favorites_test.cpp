@@ -12,6 +12,7 @@
 #include "favorites/favorite_folders.h"
 #include "pages/print_option_setting.h"
 #include "platform/resources.h"
+#include "session/job_values.h"
 #include "tests/session/sheet_fixture.h"
 #include "tests/support/temp_folder.h"
 
@@ -147,7 +148,7 @@ TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
   EXPECT_EQ((*this)[KW_STAPLE], 99U);
   EXPECT_EQ(sheet_->jobValues.GetText(104), "new comment");
   EXPECT_EQ(sheet_->jobValues.GetTiffDPI(), 1200U);
-  EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
+  EXPECT_EQ(DeviceProfileOf(*sheet_), "Other");
   // What only the record holds is there for the next time.
   EXPECT_EQ(ddb::GetText(Favorites().Current().option.m_Body, ddb::TagNamed("GR_TITLE")), "banner");
 
@@ -155,7 +156,7 @@ TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {
   FakeDriverPath::path.clear();
   EXPECT_FALSE(RunDialog("ok;OUT_STPL=2;profile=Mine")) << "there is no companion";
   EXPECT_EQ((*this)[KW_STAPLE], 99U);
-  EXPECT_STREQ(sheet_->deviceProfilePath, "Other");
+  EXPECT_EQ(DeviceProfileOf(*sheet_), "Other");
 }
 
 }  // namespace

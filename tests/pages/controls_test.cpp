@@ -7,6 +7,7 @@
 #include "pages/page_images.h"
 #include "pages/pspage.h"
 #include "res/resource_ids.h"
+#include "session/job_values.h"
 #include "tests/support/temp_folder.h"
 
 namespace zn::test {
@@ -83,7 +84,7 @@ TEST_F(Controls, OptionsThatTheDeviceLacksAreMarked) {
   sheet_->items[KW_JOG] = nullptr;
   const TempFolder folder;
   folder.Write("device.cps", "HasOption_OutputTray_StackerTray=true\n");
-  std::snprintf(sheet_->deviceProfilePath, sizeof sheet_->deviceProfilePath, "device");
+  SetDeviceProfile(*sheet_, "device");
   Open(kTrayPage);
   FakeDriverPath::data = folder.Path("driver.ppd");
   PageFrame frame(Page(), *sheet_, kTrayTable);

@@ -1,11 +1,9 @@
 // The job page, driven by messages as its user would.
 
-#include <cstdio>
-#include <cstring>
-
 #include "page_sheet.h"
 #include "pages/pages.h"
 #include "res/resource_ids.h"
+#include "session/job_values.h"
 
 namespace zn::test {
 namespace {
@@ -19,8 +17,8 @@ class JobPage : public PageSheetTest {
   }
 
   void EnterJobName(const char* name) {
-    sheet_->jobNameMode = JobNameMode::Entered;
-    std::snprintf(sheet_->jobName, sizeof sheet_->jobName, "%s", name);
+    SetJobNameMode(*sheet_, JobNameMode::Entered);
+    SetJobName(*sheet_, name);
   }
   void Type(char character) const {
     ::SendMessageA(Control(IDC_JOB_NAME), WM_CHAR, static_cast<WPARAM>(character), 0);
@@ -44,8 +42,7 @@ using Values = std::vector<std::uint32_t>;
 using Indexes = std::vector<int>;
 
 TEST_F(JobPage, OpensWithTheCurrentSettings) {
-  sheet_->jobNameMode = JobNameMode::Entered;
-  std::memset(sheet_->jobName, 'z', sizeof sheet_->jobName);  // not terminated
+  EnterJobName(std::string(256, 'z').c_str());
   Open(kJobPage);
   EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
   EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
@@ -194,8 +191,9 @@ TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
     const HWND before = Page();
     EXPECT_EQ(Activate(kBasicPage), row.leaves);
     EXPECT_EQ(Page() != before, row.leaves);
-    EXPECT_EQ(sheet_->jobNameMode, row.mode);
-    EXPECT_EQ(sheet_->jobName, row.leaves && row.mode == JobNameMode::Entered ? name : "old name");
+    EXPECT_EQ(JobNameModeOf(*sheet_), row.mode);
+    EXPECT_EQ(JobNameOf(*sheet_),
+              row.leaves && row.mode == JobNameMode::Entered ? name : "old name");
     if (row.leaves) {
       EXPECT_TRUE(messages.empty());
     } else {
@@ -318,14 +316,14 @@ TEST_F(PrintOptions, OkTakesSettingsAndProfileBack) {
   EXPECT_EQ(Selections(), (Values{1, 4, 2}));
   EXPECT_EQ(Shown(), (Indexes{1, 4, 2}));
   EXPECT_EQ(::SendMessageA(Control(IDC_JOB_COLOR_MODE), CB_GETCOUNT, 0, 0), 2);
-  EXPECT_STREQ(sheet_->deviceProfilePath, "ZN5050B");
+  EXPECT_EQ(DeviceProfileOf(*sheet_), "ZN5050B");
 }
 
 TEST_F(PrintOptions, CancelKeepsEverything) {
   OpenAndAnswer("cancel");
   EXPECT_EQ(Selections(), (Values{0, 3, 1}));
   EXPECT_EQ(Shown(), (Indexes{0, 3, 1}));
-  EXPECT_STREQ(sheet_->deviceProfilePath, "");
+  EXPECT_EQ(DeviceProfileOf(*sheet_), "");
 }
 
 // --- The dispatcher ---

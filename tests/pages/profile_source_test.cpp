@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "session/job_values.h"
 #include "test_queue.h"
 
 namespace zn {
@@ -51,18 +52,18 @@ TEST_F(ProfileSourceTest, TheSheetNamesTheProfileElseTheDriverDoes) {
   WriteProfile("zn_test device");
   EXPECT_EQ(Read(), "zn_test driver 1.5");
   for (const char* name : {"zn_test device", "D:\\x\\zn_test device.cps"}) {
-    std::strcpy(sheet_->deviceProfilePath, name);
+    SetDeviceProfile(*sheet_, name);
     EXPECT_EQ(Read(), "zn_test device") << name;
   }
-  std::strcpy(sheet_->deviceProfilePath, "zn_test driver 1.5");
+  SetDeviceProfile(*sheet_, "zn_test driver 1.5");
   EXPECT_EQ(Read(), "zn_test driver 1.5");
-  std::memset(sheet_->deviceProfilePath, 'x', sizeof sheet_->deviceProfilePath);
+  SetDeviceProfile(*sheet_, std::string(260, 'x'));
   EXPECT_EQ(Read(), "none");
 }
 
 TEST_F(ProfileSourceTest, PrintersThatCannotBeAskedHaveNoProfile) {
   WriteProfile("zn_test device");
-  std::strcpy(sheet_->deviceProfilePath, "zn_test device");
+  SetDeviceProfile(*sheet_, "zn_test device");
   CProfileInfo profile;
   EXPECT_FALSE(UpdateProfile(profile, *sheet_));
   EXPECT_EQ(profile.Items()[0].present, 1U);

@@ -114,9 +114,9 @@ TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
   Open();
   Session().CommitSession();
   EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "") << "the fallback is not stored";
-  sheet_->jobNameMode = JobNameMode::Entered;
-  CopyText(sheet_->jobName, "report");
-  CopyText(sheet_->deviceProfilePath, "ZN5050");
+  SetJobNameMode(*sheet_, JobNameMode::Entered);
+  SetJobName(*sheet_, "report");
+  SetDeviceProfile(*sheet_, "ZN5050");
   sheet_->jobValues.SetText(devmode::kComment, "first\r\nsecond");
   sheet_->jobValues.SetDWord(devmode::kTiffDpi, 300);
   sheet_->jobValues.SetDWord(32, 5);  // 4304 is written by its setter only

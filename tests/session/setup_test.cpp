@@ -6,6 +6,7 @@
 
 #include "iat_patch.h"
 #include "session/forms.h"
+#include "session/job_values.h"
 #include "session/session.h"
 #include "sheet_fixture.h"
 #include "test_queue.h"
@@ -222,12 +223,12 @@ TEST_F(SetupTest, JobValuesComeFromTheSheetsBlock) {
   devMode_.block.SetText(devmode::kJobName, std::string(256, 'n'));
   devMode_.block.Bytes()[devmode::kJobName + 255] = std::byte{'n'};  // no terminator
   SetUpSession();
-  EXPECT_EQ(sheet_->jobNameMode, JobNameMode::Entered);
-  EXPECT_EQ(std::string(sheet_->jobName), std::string(255, 'n'));
-  EXPECT_EQ(sheet_->deviceProfilePath, queue_->DriverName()) << "no profile is named";
+  EXPECT_EQ(JobNameModeOf(*sheet_), JobNameMode::Entered);
+  EXPECT_EQ(JobNameOf(*sheet_), std::string(255, 'n'));
+  EXPECT_EQ(DeviceProfileOf(*sheet_), queue_->DriverName()) << "no profile is named";
   devMode_.block.SetText(devmode::kDeviceProfile, "other");
   SetUpSession();
-  EXPECT_STREQ(sheet_->deviceProfilePath, "other");
+  EXPECT_EQ(DeviceProfileOf(*sheet_), "other");
 }
 
 TEST_F(SetupTest, DevicesOwnChoicesComeFromTheSheetsBlock) {

@@ -1,6 +1,8 @@
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "ddb/extended_option.h"
 
@@ -35,10 +37,25 @@ void Select(const SettingRow& row, std::uint32_t selection, SheetSettings& sheet
   }
 }
 
-std::int32_t FieldValue(const SettingRow& row, std::uint32_t selection, std::uint32_t fallback) {
-  std::optional<std::int32_t> value = ValueOfSelection(row, selection);
+using SelectionOf = std::uint32_t (*)(const SettingRow& row, const SheetSettings& sheet);
+
+// KW_MEMO and KW_MEMOMODE share their field: the one that was changed speaks.
+const SettingRow& SpeakerOf(const SettingRow& row, const SheetSettings& sheet,
+                            SelectionOf selectionOf) {
+  if (row.id != KW_MEMO && row.id != KW_MEMOMODE) {
+    return row;
+  }
+  const SettingRow& mode = SettingRows()[KW_MEMOMODE];
+  return selectionOf(mode, sheet) != DefaultOf(mode, sheet) ? mode : SettingRows()[KW_MEMO];
+}
+
+// What the row's field holds in a record of the sheet.
+std::int32_t FieldValue(const SettingRow& row, const SheetSettings& sheet,
+                        SelectionOf selectionOf) {
+  const SettingRow& speaker = SpeakerOf(row, sheet, selectionOf);
+  std::optional<std::int32_t> value = ValueOfSelection(speaker, selectionOf(speaker, sheet));
   if (!value && MustBeSpecified(row)) {
-    value = ValueOfSelection(row, fallback);
+    value = ValueOfSelection(row, DefaultOf(row, sheet));
     if (!value) {
       value = ValueOfSelection(row, row.low);
     }
@@ -46,15 +63,10 @@ std::int32_t FieldValue(const SettingRow& row, std::uint32_t selection, std::uin
   return value.value_or(row.field.NotSpecified());
 }
 
-using SelectionOf = std::uint32_t (*)(const SettingRow& row, const SheetSettings& sheet);
-
 void FillNumbers(ddb::CPrintOptionEx& record, const SheetSettings& sheet, SelectionOf selectionOf) {
   for (const SettingRow& row : SettingRows()) {
-    const std::uint32_t selection = row.IsMapped() ? selectionOf(row, sheet) : 0;
-    // Shares its field with KW_MEMO: the one that was changed is the one to keep.
-    const bool yields = row.id == KW_MEMOMODE && selection == DefaultOf(row, sheet);
-    if (row.IsMapped() && !yields) {
-      row.field.Set(record, FieldValue(row, selection, DefaultOf(row, sheet)));
+    if (row.IsMapped()) {
+      row.field.Set(record, FieldValue(row, sheet, selectionOf));
     }
   }
 }
@@ -88,62 +100,70 @@ PaperMatch FindPaper(const SettingSource& source, const SheetSettings& sheet,
   return found ? PaperMatch::ByName : PaperMatch::Unknown;
 }
 
-// Calls change(row, selection) for every setting that the source wants to be another one.
-template <class Change>
-PaperMatch ForEachChange(const SettingSource& source, Reach reach, const SheetSettings& sheet,
-                         Change change) {
-  ddb::CPrintOptionEx now(false);
-  FillNumbers(now, sheet, CurrentOf);
-  std::uint32_t paper = sheet.options[KW_PAGESIZE].currentSelection;
-  const PaperMatch match = FindPaper(source, sheet, paper);
+// What has to change for a sheet to be as wanted.
+struct Changes {
+  std::vector<std::pair<const SettingRow*, std::uint32_t>> selections;
+  std::vector<std::pair<const SettingText*, std::string_view>> texts;
+};
+
+// The settings that reach as far as `reach`. wantedSelection(row) is nothing where any will do.
+template <class WantedSelection, class WantedText>
+Changes FindChanges(const SheetSettings& sheet, Reach reach, WantedSelection wantedSelection,
+                    WantedText wantedText) {
+  Changes changes;
   for (const SettingRow& row : SettingRows()) {
     if (!row.IsMapped() || row.reach > reach) {
       continue;
     }
-    std::optional<std::uint32_t> selection;
-    if (row.conversion == Conversion::Paper && match != PaperMatch::ByCode) {
-      selection = paper;
-    } else if (const std::int32_t value = row.field.Get(source.option);
-               value != row.field.Get(now)) {
-      selection = SelectionOfValue(row, value);
-    }
-    if (selection && *selection != CurrentOf(row, sheet) && IsOffered(row, *selection, sheet)) {
-      change(row, *selection);
+    const std::optional<std::uint32_t> wanted = wantedSelection(row);
+    if (wanted && *wanted != CurrentOf(row, sheet)) {
+      changes.selections.emplace_back(&row, *wanted);
     }
   }
-  return match;
-}
-
-// Calls change(row, text) for every text that the source wants to be another one.
-template <class Change>
-void ForEachTextChange(const SettingSource& source, Reach reach, const SheetSettings& sheet,
-                       Change change) {
   for (const SettingText& row : SettingTexts()) {
-    const std::string_view wanted = ddb::GetText(source.option.m_Body, *row.tag);
+    const std::string_view wanted = wantedText(row);
     // What the record would keep of the sheet's text, which may be longer.
     const std::string_view now = sheet.jobValues.GetText(row.offset).substr(0, row.tag->maxChars);
     if (row.reach <= reach && wanted != now) {
-      change(row, wanted);
+      changes.texts.emplace_back(&row, wanted);
     }
   }
+  return changes;
 }
 
-template <class Change>
-void ForEachNonDefault(const SheetSettings& sheet, Change change) {
-  for (const SettingRow& row : SettingRows()) {
-    if (row.IsMapped() && row.reach <= Reach::Favorite &&
-        CurrentOf(row, sheet) != DefaultOf(row, sheet)) {
-      change(row, DefaultOf(row, sheet));
+Changes FindChangesTo(const SettingSource& source, Reach reach, const SheetSettings& sheet,
+                      PaperMatch& match) {
+  std::uint32_t paper = sheet.options[KW_PAGESIZE].currentSelection;
+  match = FindPaper(source, sheet, paper);
+  const auto wantedSelection = [&](const SettingRow& row) -> std::optional<std::uint32_t> {
+    if (row.conversion == Conversion::Paper && match != PaperMatch::ByCode) {
+      return paper;
     }
+    const std::int32_t value = row.field.Get(source.option);
+    if (value == FieldValue(row, sheet, CurrentOf)) {
+      return std::nullopt;
+    }
+    const std::optional<std::uint32_t> selection = SelectionOfValue(row, value);
+    return selection && IsOffered(row, *selection, sheet) ? selection : std::nullopt;
+  };
+  return FindChanges(sheet, reach, wantedSelection, [&](const SettingText& row) {
+    return ddb::GetText(source.option.m_Body, *row.tag);
+  });
+}
+
+Changes FindChangesToDefaults(const SheetSettings& sheet) {
+  return FindChanges(
+      sheet, Reach::Favorite,
+      [&](const SettingRow& row) { return std::optional(DefaultOf(row, sheet)); },
+      [](const SettingText&) { return std::string_view(); });
+}
+
+void ApplyChanges(const Changes& changes, SheetSettings& sheet) {
+  for (const auto& [row, selection] : changes.selections) {
+    Select(*row, selection, sheet);
   }
-}
-
-template <class Change>
-void ForEachNonEmpty(const SheetSettings& sheet, Change change) {
-  for (const SettingText& row : SettingTexts()) {
-    if (row.reach <= Reach::Favorite && !sheet.jobValues.GetText(row.offset).empty()) {
-      change(row);
-    }
+  for (const auto& [row, text] : changes.texts) {
+    sheet.jobValues.SetText(row->offset, text);
   }
 }
 
@@ -179,38 +199,29 @@ void TakeDefaults(SettingSource& source, const SheetSettings& sheet) {
 }
 
 PaperMatch Apply(const SettingSource& source, Reach reach, SheetSettings& sheet) {
-  ForEachTextChange(source, reach, sheet, [&](const SettingText& row, std::string_view text) {
-    sheet.jobValues.SetText(row.offset, text);
-  });
-  return ForEachChange(source, reach, sheet, [&](const SettingRow& row, std::uint32_t selection) {
-    Select(row, selection, sheet);
-  });
+  PaperMatch match{};
+  ApplyChanges(FindChangesTo(source, reach, sheet, match), sheet);
+  return match;
 }
 
 bool Differs(const SettingSource& source, Reach reach, const SheetSettings& sheet) {
-  bool differs = false;
-  const auto note = [&](const auto&, const auto&) { differs = true; };
-  ForEachTextChange(source, reach, sheet, note);
-  ForEachChange(source, reach, sheet, note);
-  return differs;
+  PaperMatch match{};
+  const Changes changes = FindChangesTo(source, reach, sheet, match);
+  return !changes.selections.empty() || !changes.texts.empty();
 }
 
 void ApplyDefaults(SheetSettings& sheet) {
-  ForEachNonDefault(sheet, [&](const SettingRow& row, std::uint32_t selection) {
-    Select(row, selection, sheet);
-  });
-  ForEachNonEmpty(sheet, [&](const SettingText& row) { sheet.jobValues.SetText(row.offset, {}); });
+  ApplyChanges(FindChangesToDefaults(sheet), sheet);
 }
 
 bool DiffersFromDefaults(const SheetSettings& sheet) {
-  bool differs = false;
-  ForEachNonDefault(sheet, [&](const SettingRow& row, std::uint32_t) {
+  const Changes changes = FindChangesToDefaults(sheet);
+  return !changes.texts.empty() || std::ranges::any_of(changes.selections, [&](const auto& change) {
+    const SettingRow& row = *change.first;
     // A number that was never set lies outside its range and says nothing.
-    differs |= row.conversion != Conversion::AsIs ||
-               ValueOfSelection(row, CurrentOf(row, sheet)).has_value();
+    return row.conversion != Conversion::AsIs ||
+           ValueOfSelection(row, CurrentOf(row, sheet)).has_value();
   });
-  ForEachNonEmpty(sheet, [&](const SettingText&) { differs = true; });
-  return differs;
 }
 
 }  // namespace zn

@@ -1,6 +1,6 @@
 // From selections to a record and back: what is specified, what is left alone, what counts as a
 // difference.
-#include "favorites/setting_source.h"
+#include "favorites/sheet_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -132,7 +132,7 @@ TEST_F(SettingSourceTest, ExtendedItemsAreAlwaysSpecified) {
   }
   const SettingSource source = Current();
   for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
-    EXPECT_TRUE(ddb::ComesBack(source.option, tag)) << tag.name;
+    EXPECT_TRUE(ddb::ComesBack(tag.name, source.option)) << tag.name;
   }
 }
 
