@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/double_byte.h"
 #include "platform/trace.h"
 
 namespace zn {
@@ -88,6 +89,15 @@ void CutControls(std::byte* text, std::size_t width, bool keepLineEnds) noexcept
   std::fill(text + to, text + from, std::byte{0});
 }
 
+// Ends a text that is longer than `bound` there, or before a character that would be cut in half.
+void ClipText(std::byte* text, std::size_t bound) noexcept {
+  if (text[bound] != std::byte{0} && TextLength(text, bound) == bound) {
+    const std::string_view whole(reinterpret_cast<const char*>(text), bound + 1);
+    text[CutText(whole, bound).size()] = std::byte{0};
+  }
+  text[bound] = std::byte{0};
+}
+
 // Loops of a merge, which runs in every application that touches the printer, are unrolled: with
 // the rows as constants it takes half the time. `work` gets the row's number as a type.
 template <class Work, std::size_t... kRow>
@@ -120,7 +130,7 @@ void CDevMode::CopyFrom(const void* source) noexcept {
     CopyFields(*block);
     for (const DevModeField& field : DevModeFields()) {
       if (IsClipped(field)) {
-        bytes_[field.offset + std::size_t{field.copyBound}] = std::byte{0};
+        ClipText(&bytes_[field.offset], field.copyBound);
       }
     }
   }
@@ -169,7 +179,7 @@ void CDevMode::RepairFields() noexcept {
     constexpr DevModeField kField = kFields[row];
     std::byte* const at = bytes_.data() + kField.offset;
     if constexpr (IsClipped(kField)) {
-      at[kField.copyBound] = std::byte{0};
+      ClipText(at, kField.copyBound);
     }
     if constexpr (kField.repair == Repair::Flag || kField.repair == Repair::Range) {
       if (GetDWord(kField.offset) - kField.low > kField.high - kField.low) {
@@ -223,7 +233,7 @@ void CDevMode::SetText(std::size_t offset, std::string_view text) noexcept {
   const DevModeField* field = FindDevModeField(offset);
   assert(field != nullptr && IsText(*field));
   const std::string_view fitting =
-      text.substr(0, std::min(text.find('\0'), field->width - std::size_t{1}));
+      CutText(text.substr(0, text.find('\0')), field->width - std::size_t{1});
   std::byte* at = &bytes_[offset];
   std::copy(fitting.begin(), fitting.end(), reinterpret_cast<char*>(at));
   std::memset(at + fitting.size(), 0, field->width - fitting.size());

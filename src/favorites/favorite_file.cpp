@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <optional>
 
 #include "ddb/extended_option.h"
@@ -189,8 +190,13 @@ bool CFavoriteFileManager::LoadFavoriteFromMemory(SettingSource& entry,
   return true;
 }
 
-bool CFavoriteFileManager::SaveFavoriteFromPath(const SettingSource& entry, const char* path) {
-  const std::string text = SaveFavoriteToMemory(entry, ReadFile(path).value_or(""));
+bool CFavoriteFileManager::SaveFavoriteFromPath(const SettingSource& entry, const char* path,
+                                                const char* oldPath) {
+  const auto old = ReadFile(oldPath != nullptr ? oldPath : path);
+  if (old ? old->size() >= kMaxRead : errno != ENOENT) {
+    return false;  // items that cannot be read cannot be kept
+  }
+  const std::string text = SaveFavoriteToMemory(entry, old.value_or(""));
   UniqueFile file(std::fopen(path, "wb"));
   if (file == nullptr) {
     return false;
@@ -238,6 +244,7 @@ std::string_view CFavoriteFileManager::SavePrintOptionInfo(std::string_view oldF
 }
 
 std::optional<std::string_view> CFavoriteFileManager::ReadFile(const char* path) {
+  errno = 0;
   const UniqueFile file(std::fopen(path, "rb"));
   if (file == nullptr) {
     return std::nullopt;
@@ -246,6 +253,10 @@ std::optional<std::string_view> CFavoriteFileManager::ReadFile(const char* path)
   contents_.resize(std::max(contents_.size(), kFirstRead));
   for (;;) {
     size += std::fread(contents_.data() + size, 1, contents_.size() - size, file.get());
+    if (std::ferror(file.get()) != 0) {
+      errno = EIO;
+      return std::nullopt;
+    }
     if (size < contents_.size() || size >= kMaxRead) {
       return std::string_view(contents_.data(), size);
     }

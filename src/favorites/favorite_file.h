@@ -41,9 +41,11 @@ class CFavoriteFileManager {
   bool LoadFavoriteFromPath(SettingSource& entry, const char* path);
   bool LoadFavoriteFromMemory(SettingSource& entry, std::string_view file) const;
 
-  // Replaces the file, keeping its unknown items. False when it could not be written whole; what
-  // was written until then stays.
-  bool SaveFavoriteFromPath(const SettingSource& entry, const char* path);
+  // Writes the file, keeping the unknown items of what stands there, or at `oldPath`, now. False
+  // when it could not be written whole; what was written until then stays. False, and nothing
+  // written, when the old file is there but cannot be read whole.
+  bool SaveFavoriteFromPath(const SettingSource& entry, const char* path,
+                            const char* oldPath = nullptr);
 
   // The text of that file; `oldFile` is what stands there now, empty when nothing does.
   [[nodiscard]] std::string SaveFavoriteToMemory(const SettingSource& entry,
@@ -53,7 +55,8 @@ class CFavoriteFileManager {
   void WritePrintOption(const SettingSource& entry, std::span<char> out) const;
 
  private:
-  // A view of contents_; nothing when there is no such file.
+  // A view of contents_, cut at 1 MB; nothing when it cannot be read: errno is ENOENT when there is
+  // no such file.
   [[nodiscard]] std::optional<std::string_view> ReadFile(const char* path);
   // What begins with the old file's item line; empty when it has none.
   [[nodiscard]] std::string_view SavePrintOptionInfo(std::string_view oldFile) const;

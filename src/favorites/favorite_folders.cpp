@@ -66,8 +66,11 @@ class FileSearch {
   FileSearch& operator=(const FileSearch&) = delete;
 
   [[nodiscard]] bool Found() const { return handle_ != INVALID_HANDLE_VALUE; }
+  // A plain one: a link would lead to what its maker chose.
   [[nodiscard]] bool IsFile() const {
-    return (found_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    constexpr DWORD kOther =
+        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE | FILE_ATTRIBUTE_REPARSE_POINT;
+    return (found_.dwFileAttributes & kOther) == 0;
   }
   [[nodiscard]] std::string_view Name() const { return found_.cFileName; }
   bool Next() { return ::FindNextFileA(handle_, &found_) != FALSE; }

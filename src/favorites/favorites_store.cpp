@@ -1,7 +1,10 @@
 #include "favorites/favorites_store.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
+
+#include "platform/replace_file.h"
 
 namespace zn {
 namespace {
@@ -87,7 +90,7 @@ bool FavoritesStore::Save(std::string_view name, std::string_view comment,
   favorite.folder = folder_;
   favorite.name = name;
   favorite.comment = comment;
-  if (!files_.SaveFavoriteFromPath(favorite, PathOf(name).c_str())) {
+  if (!SaveFile(favorite, PathOf(name))) {
     loaded_.reset();
     return false;
   }
@@ -95,6 +98,21 @@ bool FavoritesStore::Save(std::string_view name, std::string_view comment,
     names_.insert(std::ranges::lower_bound(names_, favorite.name), favorite.name);
   }
   return true;
+}
+
+// A full disk or a crash half way must not cost the old favourite: it is replaced by a whole new
+// one.
+bool FavoritesStore::SaveFile(const SettingSource& favorite, const std::string& path) {
+  const std::string beside = path + ".tmp";
+  if (!CanCreateFile(beside.c_str())) {
+    return files_.SaveFavoriteFromPath(favorite, path.c_str());
+  }
+  if (files_.SaveFavoriteFromPath(favorite, beside.c_str(), path.c_str()) &&
+      ReplaceInOneStep(beside.c_str(), path.c_str())) {
+    return true;
+  }
+  std::remove(beside.c_str());
+  return false;
 }
 
 void FavoritesStore::Remove(std::size_t index) {
@@ -107,8 +125,7 @@ std::string FavoritesStore::PathOf(std::string_view name) const {
 }
 
 bool FavoritesStore::IsFavoriteName(std::string_view name) const {
-  return !name.empty() && name.size() <= kMaxFavoriteName &&
-         std::ranges::find(reserved_, name) == reserved_.end();
+  return CheckFavoriteName(name, reserved_) == FavoriteNameFault::None;
 }
 
 }  // namespace zn

@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "favorites/favorite_file.h"
+#include "favorites/favorite_name.h"
 #include "favorites/sheet_settings.h"
 
 namespace zn {
-
-inline constexpr std::size_t kMaxFavoriteName = 27;  // bytes
 
 class FavoritesStore {
  public:
@@ -38,8 +37,8 @@ class FavoritesStore {
   [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
 
   // Saves the current settings under `name`: over the favourite of that name, or as a new one.
-  // False when the name or comment is too long, or the file could not be written whole; a new
-  // favourite is not in the list then.
+  // False, and the old favourite as it was, when the name cannot be had, the comment is too long,
+  // or the file could not be written whole.
   bool Save(std::string_view name, std::string_view comment, const SheetSettings& sheet);
 
   // Takes the favourite out of the list; its file is the caller's.
@@ -47,6 +46,7 @@ class FavoritesStore {
 
  private:
   [[nodiscard]] std::string PathOf(std::string_view name) const;
+  bool SaveFile(const SettingSource& favorite, const std::string& path);
   [[nodiscard]] bool IsFavoriteName(std::string_view name) const;
 
   std::string folder_;

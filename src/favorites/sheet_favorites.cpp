@@ -49,15 +49,6 @@ SheetSettings SettingsOf(SheetContext& sheet) {
   return settings;
 }
 
-// Not every file system changes the case of a name in one step.
-void Respell(const std::string& path, const std::string& wanted) {
-  const std::string between = wanted + ".tmp";
-  if (::MoveFileA(path.c_str(), between.c_str()) != FALSE &&
-      ::MoveFileA(between.c_str(), wanted.c_str()) == FALSE) {
-    ::MoveFileA(between.c_str(), path.c_str());
-  }
-}
-
 }  // namespace
 
 SheetFavorites& SheetFavorites::Of(SheetContext& sheet) {
@@ -85,8 +76,8 @@ const SettingSource* SheetFavorites::Load(std::size_t index) {
   return store_.Load(index, settings_);
 }
 
-std::vector<SettingSource> SheetFavorites::LoadAll() {
-  std::vector<SettingSource> favorites(store_.Count());
+std::vector<SettingSource> SheetFavorites::LoadAll(std::size_t most) {
+  std::vector<SettingSource> favorites(std::min(store_.Count(), most));
   for (std::size_t i = 0; i < favorites.size(); ++i) {
     if (const SettingSource* const favorite = store_.Load(i, settings_)) {
       favorites[i] = *favorite;
@@ -158,7 +149,7 @@ void SheetFavorites::RespellFile(std::string_view name) {
   }
   for (std::size_t i = 0; i < store_.Count(); ++i) {
     if (::lstrcmpiA(store_.Name(i).c_str(), std::string(name).c_str()) == 0) {
-      Respell(GetFavoritePath(store_.Folder(), store_.Name(i)), wanted);
+      ::MoveFileA(GetFavoritePath(store_.Folder(), store_.Name(i)).c_str(), wanted.c_str());
       Refresh();
       return;
     }

@@ -34,9 +34,10 @@ class SheetFavorites final : public SheetAttachment {
   // Null when the file cannot be read. Valid until the next call of this or of what changes the
   // favourites.
   [[nodiscard]] const SettingSource* Load(std::size_t index);
-  // Every favourite in the order of the list, for the summary; one that cannot be read has the
-  // default settings.
-  [[nodiscard]] std::vector<SettingSource> LoadAll();
+  // The first favourites in the order of the list, for the summary, which takes all at once (each
+  // is 20 KB); one that cannot be read has the default settings.
+  static constexpr std::size_t kMostInSummary = 1000;
+  [[nodiscard]] std::vector<SettingSource> LoadAll(std::size_t most = kMostInSummary);
 
   // The sheet's settings now. What the record holds beyond them is that of the favourite or dialog
   // that was last taken over.
