@@ -150,9 +150,9 @@ TEST_F(HostProgramTest, FailuresGetOneLineAndExitCodeOne) {
 
 TEST_F(HostProgramTest, BadWordsGetOneLineAndExitCodeTwo) {
   for (const char* words :
-       {"", "dance", "soak 0", "load 0", "soak five", "soak 2 --shots x", "soak 2 --queue", "prefs --shots",
-        "prefs --devmod x", "prefs --read-only", "props --devmode x", "event delete",
-        "install --shots x"}) {
+       {"", "dance", "soak 0", "load 0", "soak five", "soak 2 --shots x", "soak 2 --queue",
+        "prefs --shots", "prefs --devmod x", "prefs --read-only", "props --devmode x",
+        "event delete", "install --shots x"}) {
     const auto [code, output] = RunHost(words);
     EXPECT_EQ(code, 2) << words;
     EXPECT_TRUE(output.starts_with("znhost: ")) << words;
