@@ -24,7 +24,7 @@ OPTIONS = [
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 HOST = ["scripts/wine-run", "build/windows/bin/znhost.exe"]
-HOST_VERBS = [["install"], ["load", "300"], ["soak", "30"]]
+HOST_VERBS = [["install"], ["load", "500"], ["soak", "30"]]
 
 
 def output_of(command):
