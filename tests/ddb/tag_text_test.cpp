@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstring>
-#include <map>
 #include <string>
 
 namespace ddb {
@@ -98,25 +97,6 @@ TEST(ExchangeTag, PackedPartsKeepEachOther) {
   record.m_Body.CBS_PRT = 0x7FFF0000;
   Read(record, "CBS_PG", "-1");
   EXPECT_EQ(record.m_Body.CBS_PRT, 0x7FFFFFFC);
-}
-
-// Two pairs of tags share a field; no other field reaches into its neighbour.
-TEST(TagTable, FieldsLieApart) {
-  std::map<std::size_t, std::size_t> fields;  // begin to end
-  for (const Tag& tag : kTags) {
-    if (tag.kind != kIgnored) {
-      const std::size_t size = tag.kind == kText   ? tag.maxChars + (tag.marked ? 2U : 1U)
-                               : tag.kind == kFlag ? 1U
-                                                   : sizeof(std::int32_t);
-      fields[tag.offset] = tag.offset + size;
-    }
-  }
-  std::size_t end = 0;
-  for (const auto& [begin, next] : fields) {
-    EXPECT_GE(begin, end);
-    end = next;
-  }
-  EXPECT_LE(end, sizeof(PrintOptionBody));
 }
 
 }  // namespace
