@@ -54,19 +54,5 @@ TEST(ExchangeExtTag, KnowsItsTagsInUpperCaseOnly) {
   EXPECT_EQ(record.m_Extended, fresh.m_Extended);
 }
 
-TEST(ExchangeExtTag, EveryTagHasAPlaceOfItsOwnAndPaperSizesAreCrossed) {
-  CPrintOptionEx record(true);
-  for (std::size_t i = 0; i < kExtendedTags.size(); ++i) {
-    Read(record, kExtendedTags[i].name.data(), std::to_string(100 + i));
-  }
-  for (std::size_t i = 0; i < kExtendedTags.size(); ++i) {
-    EXPECT_EQ(Written(record, kExtendedTags[i].name.data()), std::to_string(100 + i));
-  }
-  EXPECT_EQ(record.m_Body.PG_PPSIZE, 100);
-  EXPECT_EQ(record.m_Body.PG_PSIZE, 101);
-  EXPECT_EQ(record.m_Body.PG_PTRAY, 109);
-  EXPECT_EQ(record.m_Extended[EXT_PSLLV], 115);
-}
-
 }  // namespace
 }  // namespace ddb

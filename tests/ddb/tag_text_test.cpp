@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <map>
 #include <string>
 
 #include "ddb/tag_table.h"
@@ -107,25 +106,6 @@ TEST(ExchangeTag, UnterminatedTextsEndWithTheirField) {
   constexpr Tag kTitle = TagNamed("GR_TITLE");
   std::memset(reinterpret_cast<char*>(&record.m_Body) + kTitle.offset, 'x', kTitle.maxChars + 1);
   EXPECT_EQ(Written(record, "GR_TITLE"), std::string(31, 'x'));
-}
-
-// Two pairs of tags share a field; no other field reaches into its neighbour.
-TEST(TagTable, FieldsLieApart) {
-  std::map<std::size_t, std::size_t> fields;  // begin to end
-  for (const Tag& tag : kTags) {
-    if (tag.kind != kIgnored) {
-      const std::size_t size = tag.kind == kText   ? tag.maxChars + (tag.marked ? 2U : 1U)
-                               : tag.kind == kFlag ? 1U
-                                                   : sizeof(std::int32_t);
-      fields[tag.offset] = tag.offset + size;
-    }
-  }
-  std::size_t end = 0;
-  for (const auto& [begin, next] : fields) {
-    EXPECT_GE(begin, end);
-    end = next;
-  }
-  EXPECT_LE(end, sizeof(PrintOptionBody));
 }
 
 }  // namespace

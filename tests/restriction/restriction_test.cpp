@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <string_view>
+#include <utility>
 
 #include "res/resource_ids.h"
 
@@ -158,12 +157,6 @@ TEST(Restriction, NamesTheLastOtherSetting) {
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Check(row.now, row.changed), row.result) << row.name;
-  }
-  for (const int holes : {0, 1, 2}) {
-    for (const int punch : {1, 2, 3, 4}) {  // each has a code with each of the holes
-      const Selections now = {.punch = punch, .bookletFinishing = 1, .punchHoles = holes};
-      EXPECT_EQ(Check(now, kDuplex), ConflictWith(KW_PUNCH)) << holes << ' ' << punch;
-    }
   }
 }
 
