@@ -56,7 +56,7 @@ class FavoriteSummaryDialog {
     }
     // Entry 0 is the standard settings.
     const int selected = std::clamp(*call_.selection, kStandardRow, call_.count - 1);
-    SendList(LB_SETCURSEL, static_cast<WPARAM>(selected + 1));
+    SendList(LB_SETCURSEL, static_cast<WPARAM>(selected) + 1);
     ShowSelected();
   }
 
