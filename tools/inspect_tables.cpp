@@ -87,14 +87,19 @@ void PrintTags() {
   }
 }
 
+std::string PlaceOf(const ddb::RecordField& field) {
+  return field.IsExtended() ? "value " + std::to_string(field.Extended()) : Cell(field.Tag().name);
+}
+
 void PrintExtended() {
   const ddb::CPrintOptionEx fresh(false);
   for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
     const bool isClamped = tag.highest != 0;
-    PrintRow(tag.id, tag.name,
-             tag.IsField() ? Cell(tag.Field().name) : "value " + std::to_string(tag.value),
-             tag.IsField() ? "" : Cell(fresh.m_Extended[tag.value]), CellIf(isClamped, tag.lowest),
-             CellIf(isClamped, tag.highest), tag.takesNoCode ? "yes" : "");
+    const bool isExtended = tag.field.IsExtended();
+    PrintRow(tag.id, tag.name, PlaceOf(tag.field),
+             CellIf(isExtended, isExtended ? tag.field.Get(fresh) : 0),
+             CellIf(isClamped, tag.lowest), CellIf(isClamped, tag.highest),
+             tag.takesNoCode ? "yes" : "");
   }
 }
 
@@ -134,8 +139,7 @@ std::string FieldOf(const SettingRow& row) {
   if (!row.IsMapped()) {
     return Cell(Word(kReasons, row.reason));
   }
-  return row.field.IsExtended() ? "value " + std::to_string(row.field.Extended())
-                                : Cell(row.field.Tag().name);
+  return PlaceOf(row.field);
 }
 
 void PrintSettings() {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
 #include <utility>
 
 #include "res/resource_ids.h"
