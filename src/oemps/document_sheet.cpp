@@ -1,6 +1,7 @@
 #include "oemps/document_sheet.h"
 
 #include <cstdint>
+#include <new>
 #include <span>
 #include <string>
 #include <utility>
@@ -45,10 +46,13 @@ void FillSheet(SheetContext& sheet, const OEMCUIPPARAM& param) noexcept {
   sheet.hasPageOrder = sheet.items[KW_PAGEORDER] != nullptr;
 }
 
-void ShowAlreadyOpen() {
-  const std::string text = LoadResourceString(IDS_SHEET_ALREADY_OPEN, kMaxMessage);
-  const std::string caption = LoadResourceString(IDS_WARNING_CAPTION);
-  ::MessageBoxA(::GetForegroundWindow(), text.c_str(), caption.c_str(), MB_ICONEXCLAMATION);
+void ShowAlreadyOpen() noexcept {
+  try {
+    const std::string text = LoadResourceString(IDS_SHEET_ALREADY_OPEN, kMaxMessage);
+    const std::string caption = LoadResourceString(IDS_WARNING_CAPTION);
+    ::MessageBoxA(::GetForegroundWindow(), text.c_str(), caption.c_str(), MB_ICONEXCLAMATION);
+  } catch (const std::bad_alloc&) {  // the sheet counts as open without the warning, too
+  }
 }
 
 // Inserts the tree of advanced settings behind the page `previous`.

@@ -23,11 +23,11 @@ struct SheetAttachment {
 struct SheetContext {
   HANDLE hOEMHeap;  // first field: the deleter frees the record on this heap
 
-  // What the core driver handed over; none of it is owned, each may be null.
+  // What the core driver handed over; each may be null, and only the helper is owned.
   CDevMode* pDevMode;  // this job's settings block; may have another header, see SettingsBlock
   DEVMODEW* pPublicDM;
   HANDLE hPrinter;
-  UniqueDriverUI pOEMHelp;  // a reference of the sheet's own
+  UniqueDriverUI pOEMHelp;
   OEMUIOBJ* poemuiobj;
   HANDLE hComPropSheet;
   PFNCOMPROPSHEET pfnComPropSheet;

@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 #include <string>
 
-#include "iat_patch.h"
 #include "japanese.h"
 #include "plugin_client.h"
 #include "user_registry.h"
@@ -41,28 +39,6 @@ TEST_F(OemUI, DeletionOfAPrinterRemovesItsUserData) {
   EXPECT_FALSE(registry_.Has(key));
   EXPECT_TRUE(registry_.Has(root + "other\\UserInfo"));
   EXPECT_EQ(std::setlocale(LC_CTYPE, nullptr), locale);
-}
-
-// Not all memory is gone: the runtime needs some for an exception.
-bool (*g_isRefused)(std::size_t size);
-void* ScarceMemory(std::size_t size) {
-  return g_isRefused(size) ? nullptr : std::malloc(size);
-}
-
-TEST_F(OemUI, LackOfMemoryIsToldAtTheBoundary) {
-  std::wstring printer(5000, L'p');
-  OEMCUIPPARAM param{};
-  param.pPrinterName = printer.data();
-  void* out = &out;
-  const auto factory = plugIn_.Factory();
-  const ImportPatch patch(plugIn_.Module(), "malloc", &ScarceMemory);
-  g_isRefused = [](std::size_t size) { return size > 1000; };
-  EXPECT_EQ(object_->CommonUIProp(OEMCUIP_PRNPROP, &param), E_OUTOFMEMORY);
-  EXPECT_EQ(object_->PrinterEvent(printer.data(), 4, 0, 0), E_NOTIMPL);
-  g_isRefused = [](std::size_t size) { return size <= 32; };
-  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IPrintOemUI, &out), E_OUTOFMEMORY);
-  EXPECT_EQ(plugIn_.GetClassObject(CLSID_OEMUI, IID_IClassFactory, &out), E_OUTOFMEMORY);
-  EXPECT_EQ(out, &out);
 }
 
 }  // namespace
