@@ -50,30 +50,20 @@ class FavoriteFolders : public ::testing::Test {
   test::ImportPatch windows_{program_, "GetWindowsDirectoryA", &FakeWindowsFolder};
 };
 
-struct FolderRow {
-  SharedFolder folder;
-  const char* behindBase;
-};
-constexpr FolderRow kFolders[] = {{SharedFolder::Base, ""},
-                                  {SharedFolder::Favorite, "\\favorite"},
-                                  {SharedFolder::SpotColor, "\\SpotColor"},
-                                  {SharedFolder::SpotColorUser, "\\SpotColor\\User"},
-                                  {SharedFolder::Profile, "\\profile"}};
-
-TEST_F(FavoriteFolders, LieInTheCommonDocuments) {
+TEST_F(FavoriteFolders, LieInTheCommonDocumentsAndAreMadeOnRequest) {
   const std::string base = g_documents + "\\Zentrik\\Quorra QR\\LM5050";
-  for (const FolderRow& row : kFolders) {
-    EXPECT_EQ(GetSharedFolder(row.folder), base + row.behindBase);
+  const std::pair<SharedFolder, const char*> rows[] = {
+      {SharedFolder::Base, ""},
+      {SharedFolder::Favorite, "\\favorite"},
+      {SharedFolder::SpotColor, "\\SpotColor"},
+      {SharedFolder::SpotColorUser, "\\SpotColor\\User"},
+      {SharedFolder::Profile, "\\profile"}};
+  for (const auto& [folder, behindBase] : rows) {
+    EXPECT_EQ(GetSharedFolder(folder), base + behindBase);
     EXPECT_EQ(g_folderAsked, 46);
-    EXPECT_FALSE(FavoriteFileExists(base.c_str()));
+    EXPECT_FALSE(FavoriteFileExists((base + behindBase).c_str()));
+    EXPECT_TRUE(FavoriteFileExists(GetSharedFolder(folder, MissingFolder::Create).c_str()));
   }
-  for (const FolderRow& row : kFolders) {
-    const std::string made = GetSharedFolder(row.folder, MissingFolder::Create);
-    EXPECT_TRUE(FavoriteFileExists(made.c_str())) << made;
-  }
-}
-
-TEST_F(FavoriteFolders, LieInTheWindowsFolderOfOlderSystems) {
   g_majorVersion = 5;
   EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite),
             "W:\\windows\\Zentrik\\Quorra QR\\LM5050\\favorite");
@@ -81,18 +71,17 @@ TEST_F(FavoriteFolders, LieInTheWindowsFolderOfOlderSystems) {
 
 TEST_F(FavoriteFolders, KeepWithinTheBuffer) {
   const std::string base = GetSharedFolder(SharedFolder::Base);
-  const std::size_t whole = base.size() + std::strlen("\\favorite") + 1;
-  EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Leave, whole),
-            base + "\\favorite");
-  EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Leave, whole - 1), base);
-  EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Leave, base.size() + 1), base);
-  EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Leave, base.size()), "");
+  const std::string whole = base + "\\favorite";
+  const std::pair<std::size_t, std::string> rows[] = {
+      {whole.size() + 1, whole}, {whole.size(), base}, {base.size() + 1, base}, {base.size(), ""}};
+  for (const auto& [size, path] : rows) {
+    EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Leave, size), path);
+  }
   g_documents.clear();
   EXPECT_EQ(GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create), "");
 }
 
 TEST_F(FavoriteFolders, KeysAndExtensionComeFromTheStringTable) {
-  EXPECT_EQ(LoadFavoriteKeys().comment, "Comment=");
   EXPECT_EQ(LoadFavoriteKeys().pageSize, "PageSize=");
   EXPECT_EQ(GetFavoritePath("C:\\f", "name"), "C:\\f\\name.pfj");
   SetModuleInstance(::GetModuleHandleA("kernel32.dll"));  // has none of these strings
@@ -104,32 +93,21 @@ TEST_F(FavoriteFolders, FilesAreDeletedOnlyWhereTheyMayAndNotWhileInUse) {
   SettingSource entry;
   entry.name = "\x83\x70\x81\x5B\x83\x67 1";
   entry.folder = GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
-  SettingSource elsewhere = entry;
-  elsewhere.folder = temp_.Path();
-  CFavoriteFileManager files(LoadFavoriteKeys());
-  for (const SettingSource* each : {&entry, &elsewhere}) {
-    const std::string path = GetFavoritePath(each->folder, each->name);
-    ASSERT_TRUE(files.SaveFavoriteFromPath(*each, path.c_str()));
-  }
-  EXPECT_FALSE(DeleteFavorite(elsewhere, true));
-  EXPECT_TRUE(FavoriteFileExists(GetFavoritePath(elsewhere.folder, elsewhere.name).c_str()));
-  EXPECT_TRUE(DeleteFavorite(elsewhere, false));
-
   const std::string path = GetFavoritePath(entry.folder, entry.name);
+  CFavoriteFileManager files;
+  ASSERT_TRUE(files.SaveFavoriteFromPath(entry, path.c_str()));
+
   const HANDLE user = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  SettingSource changed = entry;
-  changed.comment = "new";
-  EXPECT_FALSE(files.SaveFavoriteFromPath(changed, path.c_str()));
+  EXPECT_FALSE(files.SaveFavoriteFromPath(entry, path.c_str()));
   EXPECT_FALSE(DeleteFavorite(entry, true));
   ::CloseHandle(user);
-  EXPECT_TRUE(files.LoadFavoriteFromPath(changed, path.c_str()));
-  EXPECT_EQ(changed.comment, "");
 
-  entry.folder[0] ^= 'a' ^ 'A';  // compared as bytes
-  EXPECT_FALSE(DeleteFavorite(entry, true));
-  entry.folder[0] ^= 'a' ^ 'A';
-  EXPECT_TRUE(DeleteFavorite(entry, true));
+  SettingSource elsewhere = entry;
+  elsewhere.folder[0] ^= 'a' ^ 'A';  // compared as bytes
+  EXPECT_FALSE(DeleteFavorite(elsewhere, true));
+  EXPECT_TRUE(files.LoadFavoriteFromPath(entry, path.c_str()));
+  EXPECT_TRUE(DeleteFavorite(elsewhere, false));
   EXPECT_FALSE(FavoriteFileExists(path.c_str()));
 }
 

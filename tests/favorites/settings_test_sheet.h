@@ -31,8 +31,13 @@ class TestSheet {
   std::uint32_t Number(std::uint32_t privateId) const {
     return block_.GetDWord(FindPrivateField(privateId)->offset);
   }
-  void SetNumber(std::uint32_t privateId, std::uint32_t value) {
-    block_.SetDWord(FindPrivateField(privateId)->offset, value);
+  // Of a keyword or private id.
+  void Set(std::uint32_t id, std::uint32_t value) {
+    if (id < KW_MAX) {
+      table_[id].currentSelection = value;
+    } else {
+      block_.SetDWord(FindPrivateField(id)->offset, value);
+    }
   }
 
  private:

@@ -2,10 +2,8 @@
 #include <cstring>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "keywords/keyword_table.h"
-#include "platform/spooler.h"
 #include "session/job_values.h"
 #include "session/session.h"
 #include "sheet_fixture.h"
@@ -71,93 +69,85 @@ TEST_F(CommitTest, UnchangedSheetChangesNothing) {
   EXPECT_EQ(std::memcmp(&devMode_.driver, &before->driver, sizeof devMode_.driver), 0);
 }
 
-TEST_F(CommitTest, OnlyChangedSelectionsReachTheCoreDriver) {
-  Open();
-  sheet_->SetCurrent(KW_STAPLE, 4);
-  sheet_->SetCurrent(KW_COPIES, 7);
-  sheet_->SetCurrent(KW_WMSELECTION, 9);
-  Session().CommitSession();
-  ASSERT_EQ(driver_.updates.size(), 3u);
-  EXPECT_EQ(sheet_->items[KW_STAPLE]->Sel, 4);
-  EXPECT_EQ(sheet_->items[KW_COPIES]->Sel, 7);
-  EXPECT_EQ(sheet_->items[KW_WMSELECTION]->Sel, 0) << "a number of the device's own";
-  EXPECT_EQ(devMode_.block.GetDWord(9248), 9u);
-  Session().CommitSession();
-  EXPECT_EQ(driver_.updates.size(), 3u) << "told once";
-}
-
 TEST_F(CommitTest, DerivedValues) {
   Open();
   SelectCode(KW_BOOKLETPAPERSIZE, 20);
   SelectCode(KW_REPEATPRINTPAPERSIZE, 62);
-  SelectCode(KW_IMPOSITIONOUTPUTPAPERSIZE, 20);
   SelectCode(KW_CMYKSIMULATION, 119);
   SelectCode(KW_RGBCOLORCORRECT, 11);
   SelectCode(KW_CLEARPROCESSREGISTERDPATTERN, 100);
+  sheet_->SetCurrent(KW_WMSELECTION, 9);
   sheet_->SetCurrent(KW_SAVETIFF, 1);
-  Session().CommitSession();
   for (const auto& [offset, value] :
-       {std::pair{20u, 1u}, {1340, 1}, {1360, 0}, {1644, 1}, {9232, 100}, {9236, 1}, {9320, 100}}) {
+       {std::pair{20u, 1u}, {1340, 1}, {1360, 0}, {9232, 100}, {9236, 1}, {9248, 9}, {9320, 100}}) {
+    Session().CommitSession();
     EXPECT_EQ(devMode_.block.GetDWord(offset), value) << "offset " << offset;
   }
-  SelectCode(KW_BOOKLETPAPERSIZE, 0);
+  EXPECT_EQ(sheet_->items[KW_WMSELECTION]->Sel, 0) << "a number of the device's own";
+  EXPECT_EQ(driver_.updates.size(), 6u) << "told once";
   SelectCode(KW_CMYKSIMULATION, 179);
   sheet_->SetCurrent(KW_RGBCOLORCORRECT, 5000);  // no such option
-  sheet_->SetCurrent(KW_SAVETIFF, 0);
   Session().CommitSession();
-  for (const std::size_t offset : {20, 1340, 9232, 9236}) {
-    EXPECT_EQ(devMode_.block.GetDWord(offset), 0u) << "offset " << offset;
-  }
+  EXPECT_EQ(devMode_.block.GetDWord(devmode::kCustomCmyk), 0u);
+  EXPECT_EQ(devMode_.block.GetDWord(devmode::kCustomRgb), 0u);
 }
 
 TEST_F(CommitTest, JobTextsAndPrivateValuesAreWrittenBack) {
   Open();
+  SetDeviceProfile(*sheet_, DeviceProfileOf(*sheet_));
   Session().CommitSession();
   EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "") << "the fallback is not stored";
-  SetJobNameMode(*sheet_, JobNameMode::Entered);
-  SetJobName(*sheet_, "report");
   SetDeviceProfile(*sheet_, "ZN5050");
   sheet_->jobValues.SetText(devmode::kComment, "first\r\nsecond");
   sheet_->jobValues.SetDWord(devmode::kTiffDpi, 300);
   sheet_->jobValues.SetDWord(32, 5);  // 4304 is written by its setter only
   Session().DRVSetDWord(4352, 120);
   Session().CommitSession();
-  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 1u);
-  EXPECT_EQ(devMode_.block.GetText(devmode::kJobName), "report");
   EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), "ZN5050");
   EXPECT_EQ(devMode_.block.GetText(devmode::kComment), "first\r\nsecond");
   EXPECT_EQ(devMode_.block.GetTiffDPI(), 300u);
   EXPECT_EQ(devMode_.block.GetDWord(32), 1u);
   EXPECT_EQ(devMode_.block.GetDWord(2964), 120u) << "no older value is put back";
-  Session().DRVSetDWord(4348, 0);
+  SetDeviceProfile(*sheet_, queue_->DriverName());
   Session().CommitSession();
-  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 0u);
+  EXPECT_EQ(devMode_.block.GetText(devmode::kDeviceProfile), queue_->DriverName());
 }
 
 TEST_F(CommitTest, CoreDriversPart) {
-  devMode_.driver.flags = 0xF2;
+  items_.AddStandard(DMPUB_NUP, 2);
+  devMode_.driver = kUsedDriverPart;
+  devMode_.driver.flags = 0xF4;
+  devMode_.driver.customPaperHeight = 0;  // never set
   Open();
-  sheet_->SetCurrent(KW_PSSENDERRORHANDLER, 0);
-  sheet_->SetCurrent(KW_MIRRORPRINT, 1);
+  EXPECT_EQ(sheet_->Current(KW_PSSENDERRORHANDLER), 0u);
+  EXPECT_EQ(sheet_->Current(KW_MIRRORPRINT), 1u);
+  EXPECT_EQ(sheet_->Current(KW_NUPBORDER), 0u) << "refused";
+  EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERWIDTH), 100'000u);
+  EXPECT_EQ(sheet_->Current(KW_CUSTOMPAPERHEIGHT), sheet_->Default(KW_CUSTOMPAPERHEIGHT));
+  EXPECT_EQ(sheet_->Current(KW_PSLANGUAGELEVEL), 2u);
+
+  sheet_->SetCurrent(KW_PSSENDERRORHANDLER, 1);
+  sheet_->SetCurrent(KW_MIRRORPRINT, 0);
   sheet_->SetCurrent(KW_NUPBORDER, 1);
   sheet_->SetCurrent(KW_CUSTOMPAPERWIDTH, 330'000);
-  sheet_->SetCurrent(KW_PSLANGUAGELEVEL, 2);
-  devMode_.open.dmDriverVersion = 0x0501;
   Session().CommitSession();
-  EXPECT_EQ(devMode_.driver.flags, 0xF4u);
-  EXPECT_EQ(devMode_.driver.customPaperWidth, 0u) << "not in this version";
-  devMode_.open.dmDriverVersion = 0x0502;
-  sheet_->SetCurrent(KW_NUPBORDER, 0);
-  Session().CommitSession();
-  EXPECT_EQ(devMode_.driver.noBorder, 1u);
+  EXPECT_EQ(devMode_.driver.flags, 0xF2u);
+  EXPECT_EQ(devMode_.driver.noBorder, 0u);
   EXPECT_EQ(devMode_.driver.customPaperWidth, 330'000u);
+
+  devMode_.open.dmDriverVersion = 0x0501;  // has the flags only
+  Session().HidePrinterSetting();
+  EXPECT_EQ(sheet_->Current(KW_PSSENDERRORHANDLER), 1u);
+  EXPECT_EQ(sheet_->Current(KW_NUPBORDER), 1u);
+  EXPECT_EQ(sheet_->Current(KW_PSLANGUAGELEVEL), 3u);
+  Session().CommitSession();
   EXPECT_EQ(devMode_.driver.psLanguageLevel, 2u);
 
-  sheet_->SetCurrent(KW_MIRRORPRINT, 0);
+  sheet_->SetCurrent(KW_MIRRORPRINT, 1);
   devMode_.open.dmSize += 8;  // the block would begin inside the part
   Session().CommitSession();
   EXPECT_TRUE(devMode_.block.IsCurrent());
-  EXPECT_EQ(devMode_.driver.flags, 0xF4u);
+  EXPECT_EQ(devMode_.driver.flags, 0xF2u);
   sheet_->pPublicDM = nullptr;
   sheet_->pDevMode = nullptr;
   Session().CommitSession();
@@ -166,19 +156,14 @@ TEST_F(CommitTest, CoreDriversPart) {
 
 TEST_F(CommitTest, PrinterDefaultIsTheFullDevMode) {
   Open();
-  sheet_->SetCurrent(KW_FORMNO, 321);
+  sheet_->jobValues.SetText(devmode::kAccountId, "a13");
   Session().CommitSession();
   EXPECT_EQ(Session().SavePrinterDefault(), 0);
-  const PrinterInfo9 saved(queue_->Handle());
-  ASSERT_TRUE(saved && saved->pDevMode != nullptr);
-  ASSERT_EQ(saved->pDevMode->dmDriverExtra, sizeof(DriverPrivateDevMode) + kDevModeSize);
-  CDevMode block;
-  const auto* const extra =
-      reinterpret_cast<const std::byte*>(saved->pDevMode) + saved->pDevMode->dmSize;
-  std::memcpy(&block, extra + sizeof(DriverPrivateDevMode), sizeof block);
-  EXPECT_EQ(block.GetDWord(9244), 321u);
+  Session().HidePrinterSetting();  // takes the account from there
+  EXPECT_EQ(sheet_->jobValues.GetText(devmode::kAccountId), "a13");
 
-  sheet_->pDevMode = &block;
+  CDevMode elsewhere = devMode_.block;
+  sheet_->pDevMode = &elsewhere;
   EXPECT_EQ(Session().SavePrinterDefault(), -1) << "the DEVMODE does not carry the block";
   sheet_->pDevMode = &devMode_.block;
   sheet_->hPrinter = nullptr;
