@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "ddb/extended_option.h"
 #include "ddb/number_text.h"
@@ -60,7 +61,8 @@ void PlaceItems(ddb::CPrintOptionEx option, ItemLine& line) {
     if (value.empty() && !line.Has(tag)) {
       continue;
     }
-    if (!line.Place(tag, OneLine(value))) {
+    value = OneLine(std::move(value));
+    if (!line.Place(tag, value)) {
       return;
     }
     ZN_TRACE_TEXT(kSource, kClass, " %s::WritePrintOption() %s\n", kClass, tag.data());
@@ -155,7 +157,7 @@ void WriteNumber(std::string& file, std::int32_t number) {
   WriteLine(file, ddb::FormatInteger(number, scratch));
 }
 
-void WriteKeyedLine(std::string& file, std::string_view key, std::string_view text,
+void WriteKeyedLine(std::string& file, std::string_view key, const std::string& text,
                     std::size_t maxText) {
   WriteLine(file.append(key), OneLine(text, true).substr(0, maxText));
 }
