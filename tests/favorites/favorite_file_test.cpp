@@ -78,7 +78,8 @@ TEST_F(FavoriteFile, LoadsWhatItHoldsAndLeavesTheRest) {
   };
   for (const Row& row : rows) {
     SettingSource entry = OddEntry();
-    files_.LoadFavoriteFromMemory(entry, row.file);
+    const bool isLoaded = files_.LoadFavoriteFromMemory(entry, row.file);
+    EXPECT_EQ(isLoaded, entry.number1 != 101) << row.file;
     EXPECT_EQ(Summary(entry), row.summary) << row.file;
   }
   SettingSource entry;
