@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <utility>
 
 #include "ddb/extended_option.h"
 #include "ddb/number_text.h"
@@ -61,7 +62,8 @@ void PlaceItems(ddb::CPrintOptionEx option, ItemLine& line) {
     if (value.empty() && !line.Has(tag)) {
       continue;
     }
-    if (!line.Place(tag, OneLine(value))) {
+    value = OneLine(std::move(value));
+    if (!line.Place(tag, value)) {
       return;
     }
     ZN_TRACE_TEXT(kSource, kClass, " %s::WritePrintOption() %s\n", kClass, tag.data());
@@ -156,7 +158,7 @@ void WriteNumber(std::string& file, std::int32_t number) {
   WriteLine(file, ddb::FormatInteger(number, scratch));
 }
 
-void WriteKeyedLine(std::string& file, std::string_view key, std::string_view text,
+void WriteKeyedLine(std::string& file, std::string_view key, const std::string& text,
                     std::size_t maxText) {
   WriteLine(file.append(key), OneLine(text, true).substr(0, maxText));
 }

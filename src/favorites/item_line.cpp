@@ -178,17 +178,16 @@ std::string ItemLine::Text() const {
   return text.append(View(tail_));
 }
 
-std::string OneLine(std::string_view text, bool keepTabs) {
-  std::string line(text);
-  for (std::size_t at = line.find('\n'); at != std::string::npos; at = line.find('\n', at)) {
+std::string OneLine(std::string text, bool keepTabs) {
+  for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at)) {
     // The CR of a line end goes with it.
-    const bool pair = at > 0 && line[at - 1] == '\r';
-    line.replace(at - (pair ? 1 : 0), pair ? 2 : 1, 1, ' ');
+    const bool pair = at > 0 && text[at - 1] == '\r';
+    text.replace(at - (pair ? 1 : 0), pair ? 2 : 1, 1, ' ');
   }
   if (!keepTabs) {
-    std::ranges::replace(line, '\t', ' ');
+    std::ranges::replace(text, '\t', ' ');
   }
-  return line;
+  return text;
 }
 
 }  // namespace zn

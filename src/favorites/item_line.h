@@ -92,6 +92,6 @@ class ItemLine {
 };
 
 // `text` with each TAB (unless `keepTabs`) and each line end as one blank.
-[[nodiscard]] std::string OneLine(std::string_view text, bool keepTabs = false);
+[[nodiscard]] std::string OneLine(std::string text, bool keepTabs = false);
 
 }  // namespace zn

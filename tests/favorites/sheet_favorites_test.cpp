@@ -104,22 +104,17 @@ TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
   OPTTYPE list{};
   list.Type = TVOT_LISTBOX;
   list.Count = 5;
-  OPTTYPE counter{};
-  counter.Type = TVOT_UDARROW;
-  counter.Count = 2;
-  for (const KeywordId id : {KW_STAPLE, KW_USERCURVEIMAGE, KW_COPIES}) {
+  for (const KeywordId id : {KW_STAPLE, KW_USERCURVEIMAGE}) {
     sheet_->items[id] = &items_.AddKeyword(id, 0);
-    sheet_->items[id]->pOptType = id == KW_COPIES ? &counter : &list;
+    sheet_->items[id]->pOptType = &list;
   }
   (*this)[KW_STAPLE] = 9;
   (*this)[KW_USERCURVEIMAGE] = 90;  // the device's list, not the driver's
-  (*this)[KW_COPIES] = 12;
   ASSERT_TRUE(Favorites().Save("fair", ""));
   EXPECT_TRUE(Favorites().Select(std::nullopt));
   EXPECT_TRUE(Favorites().Select(Choice(0)));
   EXPECT_EQ((*this)[KW_STAPLE], 0U);
   EXPECT_EQ((*this)[KW_USERCURVEIMAGE], 90U);
-  EXPECT_EQ((*this)[KW_COPIES], 12U);
 }
 
 TEST_F(SheetFavoritesTest, DialogChangesWhatItChangedAndNothingElse) {

@@ -150,8 +150,6 @@ TEST_F(SheetSettingsTest, TextsReachAsFarAsTheirRowSays) {
   const SettingSource source = Current();
   EXPECT_EQ(empty.option.m_Body.OUT_PGSS.set, 0);  // only texts that are there are marked
   EXPECT_FALSE(Differs(source, Reach::Record, sheet_.settings));
-  Apply(source, Reach::Record, sheet_.settings);
-  EXPECT_EQ(sheet_.Block().GetText(kMemoOffset), memo);
 
   sheet_.Block().SetText(kMemoOffset, "other");
   sheet_.Block().SetText(kPageRangeOffset, "mine");
@@ -161,8 +159,6 @@ TEST_F(SheetSettingsTest, TextsReachAsFarAsTheirRowSays) {
   EXPECT_EQ(sheet_.Block().GetText(kPageRangeOffset), "mine");
   Apply(source, Reach::Record, sheet_.settings);
   EXPECT_EQ(sheet_.Block().GetText(kPageRangeOffset), "1-3");
-  ApplyDefaults(sheet_.settings);
-  EXPECT_EQ(sheet_.Block().GetText(kMemoOffset), "");
 }
 
 // The last selection or number that says itself: of two options with one code the first does.

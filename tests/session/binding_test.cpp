@@ -55,22 +55,17 @@ TEST_F(BindingTest, ItemsWithoutAKnownKeywordAreLeftAlone) {
 }
 
 TEST_F(BindingTest, StandardItemsByTheirPublicNumber) {
-  constexpr KeywordId kIds[] = {kNoKeyword, 248,        249,        247,        251, 241,
-                                kNoKeyword, 6,          254,        256,        253, 252,
-                                7,          kNoKeyword, kNoKeyword, kNoKeyword, 250, 255};
-  for (BYTE number = 0; number < std::size(kIds); ++number) {
+  for (BYTE number = 0; number <= DMPUB_PAGEORDER + 1; ++number) {
     items_.AddStandard(number, 20 + number);
   }
   items_.AddKeyword(KW_DUPLEX, 1, 1);
   Bind();
+  EXPECT_EQ(BoundCount(), 14);
   EXPECT_EQ(sheet_->Default(KW_DUPLEX), 1u) << "only the keyword item tells a default";
   EXPECT_EQ(sheet_->items[KW_COLLATE], sheet_->items[KW_COPIES]);
-  EXPECT_EQ(BoundCount(), 14);
-  for (BYTE number = 0; number < std::size(kIds); ++number) {
-    if (kIds[number] != kNoKeyword) {
-      EXPECT_EQ(sheet_->items[kIds[number]], &items_.All()[number]) << int{number};
-      EXPECT_EQ(sheet_->Current(kIds[number]), 20u + number);
-    }
+  for (const auto& [number, id] : {std::pair{1, 248}, {5, 241}, {7, 6}, {12, 7}, {17, 255}}) {
+    EXPECT_EQ(sheet_->items[id], &items_.All()[number]) << number;
+    EXPECT_EQ(sheet_->options[id].currentSelection, 20u + number);
   }
 }
 
