@@ -220,22 +220,6 @@ TEST_F(DocumentSheet, AnotherThreadDoesNotFreeTheData) {
   EXPECT_EQ(job.BusyBlocks(), 1);
 }
 
-TEST_F(DocumentSheet, PreparedButNeverShownIsForgotten) {
-  {
-    DocumentJob abandoned(*object_);
-    abandoned.Prepare();
-  }  // its heap is gone
-  DocumentJob job(*object_);
-  EXPECT_EQ(job.Prepare(), S_OK);
-  FakeSheet sheet = NewSheet();
-  Open(sheet);
-  EXPECT_EQ(ContextOf(sheet)->hOEMHeap, job.param.hOEMHeap);
-  Close(sheet);
-  EXPECT_EQ(job.BusyBlocks(), 0);
-  FakeSheet unprepared = NewSheet();
-  EXPECT_EQ(Open(unprepared), 0U);
-}
-
 TEST_F(DocumentSheet, PreparedContextServesItsThreadUntilTheNextPreparation) {
   const auto pages = [&] {
     FakeSheet sheet = NewSheet();
@@ -243,15 +227,17 @@ TEST_F(DocumentSheet, PreparedContextServesItsThreadUntilTheNextPreparation) {
     Close(sheet);
     return count;
   };
-  const auto onAnotherThread = [](auto&& work) { std::thread(work).join(); };
   const auto prepareAndEnd = [&] { DocumentJob(*object_).Prepare(); };  // its heap is gone
   DocumentJob job(*object_);
+  prepareAndEnd();
   job.Prepare();
-  onAnotherThread([&] { EXPECT_EQ(pages(), 0U); });
+  std::thread([&] { EXPECT_EQ(pages(), 0U); }).join();
   EXPECT_EQ(pages(), 5U);
+  EXPECT_EQ(job.BusyBlocks(), 0);
+  EXPECT_EQ(pages(), 0U) << "taken up before";
 
   job.Prepare();
-  onAnotherThread(prepareAndEnd);
+  std::thread(prepareAndEnd).join();
   EXPECT_EQ(pages(), 0U);
 
   prepareAndEnd();
