@@ -41,6 +41,7 @@ TEST(PrintOption, AnswersThroughTheFourSlotsInOrder) {
 void ExpectSizeCheck(CPrintOption& record, PersistentSize size, PersistentSize image) {
   std::vector<unsigned char> buffer(kExtendedSize + 1, 0xCD);
   PersistentSize inOut = size;
+  EXPECT_EQ(record.GetPersistentSize(), image);
   for (const bool save : {true, false}) {
     try {
       save ? record.SaveTo(buffer.data(), &inOut) : record.LoadFrom(buffer.data(), size);

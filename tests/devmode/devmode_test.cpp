@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tests/devmode/reference_merge.h"
@@ -65,6 +68,48 @@ TEST(DevMode, TextIsBoundedByItsFieldAndLeavesNothingOfAnEarlierOne) {
                         "p\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xAB",
                         27),
             0);
+}
+
+TEST(DevMode, TextIsCutBetweenCharacters) {
+  constexpr std::size_t kUserName = 40;  // of 32 bytes, terminator included
+  for (const auto& [text, cut] : {std::pair(std::string(30, 'x') + "\x83\x5C", 30U),
+                                  {std::string(29, 'x') + "\x83\x5C\x83\x5C", 31U},
+                                  {std::string(31, '\xB1') + "x", 31U}}) {
+    CDevMode block = Defaulted();
+    block.SetText(kUserName, text);
+    EXPECT_EQ(block.GetText(kUserName), text.substr(0, cut));
+    CDevMode source = Defaulted();
+    std::memcpy(&source.Bytes()[kUserName], text.data(), 32);  // nothing ends it
+    block = Defaulted();
+    block.CopyFrom(&source);
+    EXPECT_EQ(block.GetText(kUserName), text.substr(0, cut));
+    source.Merge(&source);
+    EXPECT_EQ(source.GetText(kUserName), text.substr(0, cut));
+  }
+}
+
+TEST(DevMode, AuthenticationDataIsWhatWasEnteredOrTheLogon) {
+  struct Row {
+    std::uint32_t method;
+    const char* specify;
+    std::uint32_t ownerNameSource;
+    std::vector<std::string_view> texts;  // owner, password, account
+  };
+  const Row rows[] = {{1, "EnterName", 1, {"owner", "secret", "account"}},
+                      {2, "LoginName", 0, {"logon", "secret", "account"}},
+                      {1, "entername", 0, {"logon", "secret", "account"}},
+                      {0, "EnterName", 0, {"", "", ""}}};
+  CDevMode block = OddBlock();
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.specify);
+    block.SetAuthenticationData(row.method, row.specify, "owner", "secret", "account", "logon");
+    EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), row.method);
+    EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), row.ownerNameSource);
+    EXPECT_EQ((std::vector{block.GetText(devmode::kJobOwnerName),
+                           block.GetText(devmode::kJobOwnerPassword),
+                           block.GetText(devmode::kAccountId)}),
+              row.texts);
+  }
 }
 
 TEST(DevMode, PrivateIdsFindTheirFields) {

@@ -173,13 +173,21 @@ TEST_F(FavoriteFile, FullLineKeepsTheOldValuesBehindIt) {
   EXPECT_THAT(saved, EndsWith("\nPageSize=\n"));
 }
 
-TEST_F(FavoriteFile, HugeLineIsReadOnlyUpToALimit) {
-  folder_.Write("x.pfj", "1\n2\n3\nComment=c\nEXT_NUP=4\t\tX=");
-  std::filesystem::resize_file(path_, std::uintmax_t{1} << 30);
-  const SettingSource entry = Load();
+TEST_F(FavoriteFile, HugeLineIsReadOnlyUpToALimitAndNeverReplaced) {
+  constexpr std::size_t kLimit = 1 << 20;
+  const std::string begin = "1\n2\n3\nComment=c\nEXT_NUP=4\t\tX=";
+  const std::string beyond = begin + std::string(kLimit - begin.size(), 'x') + "\t\tEXT_NUP=5\t\t";
+  const SettingSource entry = LoadFrom(beyond);
   EXPECT_EQ(Summary(entry), "1|2|3|c||4|");
+  EXPECT_FALSE(Save(entry));
+  EXPECT_EQ(Text(), beyond);
+  LoadFrom(beyond.substr(0, kLimit - 1));
   EXPECT_TRUE(Save(entry));
   EXPECT_LT(Text().size(), 5100U);
+  // A folder opens, or not, but cannot be read: what it may hold must not be lost.
+  const std::string fresh = folder_.Path("fresh.pfj");
+  EXPECT_FALSE(files_.SaveFavoriteFromPath(entry, fresh.c_str(), folder_.Path().c_str()));
+  EXPECT_FALSE(std::filesystem::exists(fresh));
 }
 
 }  // namespace

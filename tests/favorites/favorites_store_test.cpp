@@ -18,13 +18,7 @@ using ::testing::ElementsAre;
 
 class FavoritesStoreTest : public ::testing::Test {
  protected:
-  void List() {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
-      names.push_back(entry.path().filename().string());
-    }
-    store_.SetFiles(names);
-  }
+  void List() { store_.SetFiles(Files()); }
   std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < store_.Count(); ++i) {
@@ -34,6 +28,13 @@ class FavoritesStoreTest : public ::testing::Test {
   }
   const SettingSource* Load(std::string_view name) {
     return store_.Load(store_.Find(name).value(), sheet_.settings);
+  }
+  std::vector<std::string> Files() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+      names.push_back(entry.path().filename().string());
+    }
+    return names;
   }
   bool Save(std::string_view name, std::string_view comment = {}) {
     return store_.Save(name, comment, sheet_.settings);
@@ -112,21 +113,43 @@ TEST_F(FavoritesStoreTest, OverwritingKeepsTheHeaderAndWhatIsUnknown) {
       ::testing::StartsWith("5\n6\n7\nComment=new\nNEWER=9\t\tOUT_STPL=0\t\tST_NAME=paper\t\t"));
   // What was loaded before must not be what is loaded now.
   EXPECT_FALSE(Differs(*Load("fair"), Reach::Favorite, sheet_.settings));
+  ASSERT_TRUE(Save("new"));
+  EXPECT_THAT(folder_.Read("new.pfj"), ::testing::StartsWith("0\n0\n0\nComment=\nEXT_"));
+  EXPECT_THAT(Files(), ::testing::UnorderedElementsAre("fair.pfj", "new.pfj"));
 }
 
 TEST_F(FavoritesStoreTest, RefusesWhatTheFormatCannotHoldAndTellsAFailedSave) {
   const std::string longest(27, 'n');
-  EXPECT_FALSE(Save(longest + "n"));
-  EXPECT_FALSE(Save(""));
-  EXPECT_FALSE(Save("standard"));
+  for (const char* name : {"standard", "..\\x", "a:b", "a\tb", "NUL", "COM1"}) {
+    EXPECT_FALSE(Save(name)) << name;
+  }
   EXPECT_FALSE(Save("fair", std::string(256, 'c')));
-  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+  EXPECT_THAT(Files(), ElementsAre());
   EXPECT_FALSE(FavoritesStore("", ".pfj").Save("fair", "", sheet_.settings));
-  std::filesystem::create_directory(folder_.Path("taken.pfj"));  // no file can be opened there
-  EXPECT_FALSE(Save("taken"));
-  EXPECT_EQ(store_.Count(), 0U);
   EXPECT_TRUE(Save(longest, std::string(255, 'c')));
   EXPECT_EQ(Load(longest)->comment, std::string(255, 'c'));
+}
+
+TEST_F(FavoritesStoreTest, WhatCannotBeReadWholeOrReplacedStays) {
+  const std::string huge = "1\n2\n" + std::string(1 << 20, 'x');
+  folder_.Write("huge.pfj", huge);
+  std::filesystem::create_directories(folder_.Path("taken.pfj/inside"));
+  EXPECT_FALSE(Save("taken"));
+  EXPECT_EQ(store_.Count(), 0U);
+  List();
+  for (const char* name : {"huge", "taken"}) {
+    EXPECT_FALSE(Save(name)) << name;
+  }
+  EXPECT_THAT(Names(), ElementsAre("huge", "taken"));
+  EXPECT_EQ(folder_.Read("huge.pfj"), huge);
+  EXPECT_THAT(Files(), ::testing::UnorderedElementsAre("huge.pfj", "taken.pfj"));
+
+  // Where no file can be made beside the favourite, it is written in its place.
+  folder_.Write("fair.pfj", "5\n6\n7\nComment=old\n\n");
+  std::filesystem::create_directory(folder_.Path("fair.pfj.tmp"));
+  List();
+  EXPECT_TRUE(Save("fair", "new"));
+  EXPECT_THAT(folder_.Read("fair.pfj"), ::testing::StartsWith("5\n6\n7\nComment=new\n"));
 }
 
 }  // namespace

@@ -26,6 +26,8 @@ TEST(ItemReader, TakesItemsUpToTheLineEnd) {
       {"junk\t\tA=1\t\t", {{"junkA", "1"}}},
       {"ABCDEFGHIJKLMNOPQRS=1\t\tABCDEFGHIJKLMNOPQRST=2\t\t",
        {{"ABCDEFGHIJKLMNOPQRS", "1"}, {"", "2"}}},  // longer than any tag
+      {"ABCDEFGHI\tJKLMNOPQR\t\tS=1\t\tABCDEFGHI\tJKLMNOPQRST=2\t\tB\t=3\t\t",
+       {{"ABCDEFGHIJKLMNOPQRS", "1"}, {"", "2"}, {"B", "3"}}},
       {"A=" + std::string(700, 'v') + "\t\t", {{"A", std::string(599, 'v')}}},
       {std::string("A=1\0002\t\tB\0=3\t\t", 13), {{"A", "1"}, {std::string("B\0", 2), "3"}}},
   };

@@ -96,6 +96,9 @@ TEST_F(SheetSettingsTest, ExtendedItemsAreAlwaysSpecified) {
 TEST_F(SheetSettingsTest, PaperOfAnUnknownNameStaysTheSheets) {
   sheet_[KW_PAGESIZE] = 4;
   SettingSource source = With("PG_PPSIZE", 53);
+  sheet_.Default(KW_PAGESIZE) = 3;
+  TakeDefaults(source, sheet_.settings);
+  EXPECT_EQ(source.pageSizeName, "B5");
   source.pageSizeName = "a3";
   EXPECT_FALSE(Differs(source, Reach::Favorite, sheet_.settings));
   EXPECT_EQ(Apply(source, Reach::Favorite, sheet_.settings), PaperMatch::Unknown);
@@ -118,6 +121,11 @@ TEST_F(SheetSettingsTest, EveryMappedSettingCountsAsADifference) {
     EXPECT_EQ(Differs(before, Reach::Favorite, sheet_.settings), row.IsMapped())
         << GetKeywordName(row.id);
     EXPECT_EQ(DiffersFromDefaults(sheet_.settings), row.IsMapped()) << GetKeywordName(row.id);
+    EXPECT_EQ(Differs(before, Reach::Page, sheet_.settings),
+              row.IsMapped() && row.reach == Reach::Page)
+        << GetKeywordName(row.id);
+    ApplyDefaults(sheet_.settings);
+    EXPECT_EQ(sheet_[row.id] == selection, row.IsMapped()) << GetKeywordName(row.id);
     sheet_[row.id] = selection;
     ASSERT_FALSE(Differs(before, Reach::Favorite, sheet_.settings)) << row.id;
     ASSERT_FALSE(DiffersFromDefaults(sheet_.settings)) << row.id;

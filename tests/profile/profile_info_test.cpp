@@ -8,6 +8,7 @@
 #include <array>
 #include <climits>
 #include <clocale>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -86,8 +87,23 @@ TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
                            "../other/device", "\x83\x5C\xE0\x5Cx"}) {
     EXPECT_TRUE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
   }
+  for (const unsigned codePage : {936, 949, 950}) {
+    EXPECT_TRUE(profile_.UpdateProfile(folder_.Path().c_str(), "\x83\x5C\xE0\x5Cx", codePage));
+  }
+  EXPECT_FALSE(profile_.UpdateProfile(folder_.Path().c_str(), "\x83\x5C\xE0\x5Cx", 1252));
   for (const char* name : {"device.v1.cps", "devic", "", "device\\"}) {
     EXPECT_FALSE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
+  }
+}
+
+TEST_F(ProfileInfoTest, DevicesAreNeverOpened) {
+  for (const char* name : {"COM1", "NUL.x", "aux"}) {
+#ifndef _WIN32
+    folder_.Write(std::string(name, std::strcspn(name, ".")) + ".cps", "Watermark1=x\n");
+#endif
+    EXPECT_TRUE(Read("Watermark1=y\n"));
+    EXPECT_FALSE(profile_.UpdateProfile(folder_.Path().c_str(), name, kJapanese)) << name;
+    ExpectEverythingInstalled();
   }
 }
 
@@ -103,9 +119,9 @@ TEST_F(ProfileInfoTest, PathsThatDoNotFitCountAsMissingFiles) {
 
 // The file is read in blocks of 64 KB; lines cross their borders.
 TEST_F(ProfileInfoTest, BlockBordersDoNotShow) {
-  for (int shift = -30; shift <= 2; ++shift) {
+  for (int shift = -45; shift <= 2; ++shift) {
     const std::string text =
-        std::string(65536 + shift - 1, '.') + "\nHasOption_InputSlot=Tray7\r\nWatermark7=seven\r\n";
+        std::string(65536 + shift - 1, '.') + "\nWatermark7=seven\r\nHasOption_InputSlot=Tray7";
     EXPECT_TRUE(Read(text));
     ASSERT_EQ(test::FirstDifference(profile_.Items(), test::WalkProfile(text)), -1) << shift;
   }
