@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
-#include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -89,26 +89,20 @@ TEST(DevMode, TextIsCutBetweenCharacters) {
 }
 
 TEST(DevMode, AuthenticationDataIsWhatWasEnteredOrTheLogon) {
-  struct Row {
-    std::uint32_t method;
-    const char* specify;
-    std::uint32_t ownerNameSource;
-    std::vector<std::string_view> texts;  // owner, password, account
-  };
-  const Row rows[] = {{1, "EnterName", 1, {"owner", "secret", "account"}},
-                      {2, "LoginName", 0, {"logon", "secret", "account"}},
-                      {1, "entername", 0, {"logon", "secret", "account"}},
-                      {0, "EnterName", 0, {"", "", ""}}};
   CDevMode block = OddBlock();
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.specify);
-    block.SetAuthenticationData(row.method, row.specify, "owner", "secret", "account", "logon");
-    EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), row.method);
-    EXPECT_EQ(block.GetDWord(devmode::kOwnerNameSource), row.ownerNameSource);
-    EXPECT_EQ((std::vector{block.GetText(devmode::kJobOwnerName),
-                           block.GetText(devmode::kJobOwnerPassword),
-                           block.GetText(devmode::kAccountId)}),
-              row.texts);
+  for (const auto& [method, specify, answer] :
+       {std::tuple(1U, "EnterName", "1 owner secret account"),
+        {2U, "LoginName", "0 logon secret account"},
+        {1U, "entername", "0 logon secret account"},
+        {0U, "EnterName", "0   "}}) {
+    block.SetAuthenticationData(method, specify, "owner", "secret", "account", "logon");
+    std::string texts = std::to_string(block.GetDWord(devmode::kOwnerNameSource));
+    for (const auto text :
+         {devmode::kJobOwnerName, devmode::kJobOwnerPassword, devmode::kAccountId}) {
+      texts.append(1, ' ').append(block.GetText(text));
+    }
+    EXPECT_EQ(texts, answer) << method << specify;
+    EXPECT_EQ(block.GetDWord(devmode::kManagementMethod), method);
   }
 }
 

@@ -67,14 +67,6 @@ TEST(FavoriteTagList, FitsIntoTheLineWithItsWidestValues) {
     tags.emplace_back(item.tag);
   }
   EXPECT_THAT(tags, ::testing::ElementsAreArray(GetFavoriteTagList()));
-
-  SettingSource loaded;
-  CFavoriteFileManager().LoadFavoriteFromMemory(loaded, "0\n0\n" + line);
-  for (const SettingRow& row : SettingRows()) {
-    if (row.IsMapped() && row.reach != Reach::Record) {
-      EXPECT_EQ(row.field.Get(loaded.option), row.field.Get(entry.option)) << "id " << row.id;
-    }
-  }
 }
 
 }  // namespace

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string_view>
-#include <utility>
-
 #include "res/resource_ids.h"
 
 namespace zn::restriction {
@@ -29,84 +26,65 @@ constexpr Result ConflictWith(KeywordId other) {
   return {Verdict::Conflict, 0, other};
 }
 
-// A cell of a drawn table; outside of it there is no conflict.
-template <std::size_t kRows>
-bool Cell(const std::string_view (&rows)[kRows], int row, int column) {
-  return row >= 0 && row < static_cast<int>(kRows) && column >= 0 &&
-         column < static_cast<int>(rows[row].size()) && rows[row][column] == '#';
-}
-
-// Rows are staple options, columns punch options.
-constexpr std::string_view kWithoutBooklet[] = {
-    "......", "..#.#.", ".#..#.", "..##..", ".#.#..", ".##.#.", ".###..", "..###.",
-    ".#.##.", ".####.", ".####.", ".####.", ".##.#.", ".###..", "..###.", ".#.##.",
-    ".##.#.", ".###..", "..###.", ".#.##.", "......", "......",
-};
-// Rows are paper types, columns weights.
-constexpr std::string_view kBothSides[] = {
-    ".........", "#########", ".........", ".........", ".........",
-    "...######", "#########", "#########", "#########", ".........",
-    "....##...", "...######", "...######", ".........", "#########",
-};
-
-TEST(Restriction, FinishingTable) {
-  for (int booklet = -1; booklet <= 3; ++booklet) {
-    for (int staple = -1; staple <= 23; ++staple) {
-      for (int punch = -1; punch <= 14; ++punch) {
-        const Selections now = {.staple = staple, .punch = punch, .bookletFinishing = booklet};
-        const bool bothExist = staple >= 0 && staple <= 21 && punch >= 0 && punch <= 5;
-        const bool conflict = (booklet == 0 && Cell(kWithoutBooklet, staple, punch)) ||
-                              (booklet == 1 && bothExist && (staple != 0 || punch != 0));
-        EXPECT_EQ(Check(now, kDuplex).verdict == Verdict::Conflict, conflict)
-            << booklet << ' ' << staple << ' ' << punch;
-      }
-    }
+// The tables themselves are frozen; this is where they are asked, and where they end.
+TEST(Restriction, TablesAreAskedByTheirRowsAndColumns) {
+  const struct {
+    int booklet, staple, punch;
+    bool conflict;
+  } finishing[] = {
+      {0, 1, 2, true},   {0, 1, 3, false},  {0, 7, 2, true},   {0, 2, 3, false},  {0, 19, 4, true},
+      {0, 20, 4, false}, {0, 9, 0, false},  {0, 9, 5, false},  {0, 9, 13, false}, {0, 9, -1, false},
+      {0, 22, 1, false}, {0, -1, 1, false}, {1, 0, 0, false},  {1, 0, 5, true},   {1, 21, 0, true},
+      {1, 22, 1, false}, {1, 1, 6, false},  {1, -1, 1, false}, {-1, 1, 2, false}, {2, 1, 2, false},
+  };
+  for (const auto& row : finishing) {
+    const Selections now = {
+        .staple = row.staple, .punch = row.punch, .bookletFinishing = row.booklet};
+    EXPECT_EQ(Check(now, kDuplex).verdict == Verdict::Conflict, row.conflict)
+        << row.booklet << ' ' << row.staple << ' ' << row.punch;
+  }
+  const struct {
+    int duplex, type, weight;
+    bool conflict;
+  } paper[] = {
+      {1, 1, 0, true},    {2, 5, 3, true},   {3, 5, 2, false},  {1, 10, 5, true},
+      {1, 10, 6, false},  {1, 14, 8, true},  {1, 14, 9, false}, {1, 14, -1, false},
+      {1, 15, 0, false},  {1, 35, 0, false}, {1, -1, 0, false}, {0, 1, 0, false},
+      {-1, 14, 8, false}, {1, 13, 8, false}, {1, 6, 0, true},
+  };
+  for (const auto& [duplex, type, weight, conflict] : paper) {
+    SCOPED_TRACE(testing::Message() << duplex << ' ' << type << ' ' << weight);
+    const Selections automatic = {.duplex = duplex, .mediaType = type, .mediaTypeWeight = weight};
+    EXPECT_EQ(Check(automatic, kDuplex), conflict ? ConflictWith(KW_ZNMEDIATYPE) : kAllowed);
+    Selections bypass = {
+        .duplex = duplex, .mediaTypeBypass = type, .mediaTypeWeightBypass = weight};
+    EXPECT_EQ(Check(bypass, kDuplex), conflict ? ConflictWith(KW_MEDIATYPEBYPASS) : kAllowed);
+    bypass.autoTraySettingToBypass = 1;
+    EXPECT_EQ(Check(bypass, kDuplex), kAllowed);
   }
 }
 
-TEST(Restriction, PaperTable) {
-  for (int duplex = -1; duplex <= 3; ++duplex) {
-    for (int type = -1; type <= 36; ++type) {
-      for (int weight = -1; weight <= 10; ++weight) {
-        SCOPED_TRACE(testing::Message() << duplex << ' ' << type << ' ' << weight);
-        const bool conflict = duplex >= 1 && Cell(kBothSides, type, weight);
-        const Selections automatic = {
-            .duplex = duplex, .mediaType = type, .mediaTypeWeight = weight};
-        EXPECT_EQ(Check(automatic, kDuplex), conflict ? ConflictWith(KW_ZNMEDIATYPE) : kAllowed);
-        Selections bypass = {
-            .duplex = duplex, .mediaTypeBypass = type, .mediaTypeWeightBypass = weight};
-        EXPECT_EQ(Check(bypass, kDuplex), conflict ? ConflictWith(KW_MEDIATYPEBYPASS) : kAllowed);
-        bypass.autoTraySettingToBypass = 1;
-        EXPECT_EQ(Check(bypass, kDuplex), kAllowed);
-      }
-    }
-  }
-}
-
-TEST(Restriction, MixedSizesBindStaplesAndPunch) {
-  for (const int mixed : {0, 1, 2}) {
-    for (int option = 0; option <= 22; ++option) {
-      Selections now;
-      now.mixSizePrint = mixed;
-      now.staple = option;
-      const bool mixedStaple = option == 20 || option == 21;
-      const bool plainStaple = option >= 1 && option <= 19;
-      EXPECT_EQ(Check(now, kStaple), mixed != 0 && plainStaple   ? kOffOnly
-                                     : mixed == 0 && mixedStaple ? kOnOnly
-                                                                 : kAllowed)
-          << mixed << ' ' << option;
-      now.staple = 0;
-      now.punch = option;
-      EXPECT_EQ(Check(now, kPunch), mixed == 0 && option == 0 ? kOnOnly : kAllowed)
-          << mixed << ' ' << option;
-    }
-    // They bind nothing else, and nobody else's change.
-    for (const Group group : {kBookletFinishing, kDuplex, kMediaType, kMediaTypeBypass}) {
-      Selections now;
-      now.mixSizePrint = mixed;
-      now.staple = 20 - mixed;
-      EXPECT_EQ(Check(now, group), kAllowed) << mixed << ' ' << group;
-    }
+TEST(Restriction, MixedSizesBindStaplesAndPunchOnly) {
+  const struct {
+    int mixed, staple, punch;
+    Group changed;
+    Result result;
+  } rows[] = {
+      {0, 19, 0, kStaple, kAllowed},    {0, 20, 0, kStaple, kOnOnly},
+      {0, 21, 0, kStaple, kOnOnly},     {0, 22, 0, kStaple, kAllowed},
+      {0, 20, 0, kDuplex, kAllowed},    {0, 0, 0, kPunch, kOnOnly},
+      {0, 0, 1, kPunch, kAllowed},      {1, 0, 0, kStaple, kAllowed},
+      {1, 1, 0, kStaple, kOffOnly},     {1, 19, 0, kStaple, kOffOnly},
+      {1, 20, 0, kStaple, kAllowed},    {2, 1, 0, kStaple, kOffOnly},
+      {1, 1, 0, kDuplex, kAllowed},     {1, 0, 0, kPunch, kAllowed},
+      {0, 20, 0, kMediaType, kAllowed},
+  };
+  for (const auto& row : rows) {
+    Selections now;
+    now.mixSizePrint = row.mixed;
+    now.staple = row.staple;
+    now.punch = row.punch;
+    EXPECT_EQ(Check(now, row.changed), row.result) << &row - rows;
   }
 }
 
