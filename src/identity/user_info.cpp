@@ -13,6 +13,7 @@ namespace zn {
 namespace {
 
 constexpr char kSource[] = "oemps\\devmode";
+[[maybe_unused]] constexpr char kKeyNameTrace[] = "regSubKeyName = %s\n";
 constexpr char kRootKey[] = "Software\\Zentrik\\ZN Print Driver Data";
 constexpr char kUserInfoKey[] = "UserInfo";
 constexpr std::size_t kTextLimit = 255;
@@ -69,11 +70,6 @@ std::optional<std::uint32_t> ReadManagementMethod(HANDLE printer) {
   return data.front();
 }
 
-void TraceKeyName([[maybe_unused]] const char* function,
-                  [[maybe_unused]] const std::string& printerKeyName) {
-  ZN_TRACE_TEXT(kSource, function, "regSubKeyName = %s\n", printerKeyName.c_str());
-}
-
 using UserTexts = std::array<std::string, kUserValueCount>;
 
 // All four values, or nothing.
@@ -102,13 +98,13 @@ bool OverWriteRegistryData(const PRINTER_INFO_2A& printerInfo, CDevMode& block, 
   const std::optional<std::uint32_t> method = ReadManagementMethod(printer);
   const UniqueKey userInfo = OpenUserInfo(printerKeyName);
   if (!userInfo) {
-    TraceKeyName("OverWriteRegistryData", printerKeyName);
+    ZN_TRACE_TEXT(kSource, "OverWriteRegistryData", kKeyNameTrace, printerKeyName.c_str());
     block.SetAuthenticationData(method.value_or(0), "LoginName", {}, {}, {}, LogonName());
     return true;
   }
   const std::optional<UserTexts> texts = ReadUserTexts(userInfo.get());
   if (!method || !texts) {
-    TraceKeyName("OverWriteRegistryData", printerKeyName);
+    ZN_TRACE_TEXT(kSource, "OverWriteRegistryData", kKeyNameTrace, printerKeyName.c_str());
     return false;
   }
   block.SetAuthenticationData(*method, (*texts)[kSpecify], (*texts)[kOwnerName],
@@ -124,7 +120,7 @@ bool OverWriteRegistryAuthenticationInfo(CDevMode& block, const PRINTER_INFO_2A&
 
 void PrinterEventDelete(const char* printerName) {
   const std::string printerKeyName = GetDeletePrinterName(printerName);
-  TraceKeyName("PrinterEventDelete", printerKeyName);
+  ZN_TRACE_TEXT(kSource, "PrinterEventDelete", kKeyNameTrace, printerKeyName.c_str());
   if (!NamesPrinter(printerKeyName)) {
     return;
   }

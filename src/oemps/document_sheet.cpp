@@ -1,7 +1,6 @@
 #include "oemps/document_sheet.h"
 
 #include <cstdint>
-#include <new>
 #include <span>
 #include <string>
 #include <utility>
@@ -46,13 +45,10 @@ void FillSheet(SheetContext& sheet, const OEMCUIPPARAM& param) noexcept {
   sheet.hasPageOrder = sheet.items[KW_PAGEORDER] != nullptr;
 }
 
-void ShowAlreadyOpen() noexcept {
-  try {
-    const std::string text = LoadResourceString(IDS_SHEET_ALREADY_OPEN, kMaxMessage);
-    const std::string caption = LoadResourceString(IDS_WARNING_CAPTION);
-    ::MessageBoxA(::GetForegroundWindow(), text.c_str(), caption.c_str(), MB_ICONEXCLAMATION);
-  } catch (const std::bad_alloc&) {  // the sheet counts as open without the warning, too
-  }
+int ShowAlreadyOpen() {
+  const std::string text = LoadResourceString(IDS_SHEET_ALREADY_OPEN, kMaxMessage);
+  const std::string caption = LoadResourceString(IDS_WARNING_CAPTION);
+  return ::MessageBoxA(::GetForegroundWindow(), text.c_str(), caption.c_str(), MB_ICONEXCLAMATION);
 }
 
 // Inserts the tree of advanced settings behind the page `previous`.
@@ -119,7 +115,7 @@ void OnInit(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
   info.Result = 0;
   if (g_openSheets > 0) {
     ++g_openSheets;
-    ShowAlreadyOpen();
+    GuardedOr(0, &ShowAlreadyOpen);  // without memory for the warning it counts as open, too
     return;
   }
   ++g_openSheets;
