@@ -13,10 +13,6 @@ namespace ddb {
 
 inline constexpr std::size_t kValueTextSize = 513;  // holds the longest value and its terminator
 
-// Media type codes: of the record by file code. Codes beyond the table are the same in both.
-inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2, 3, 6,
-                                                                   8,  7, 11, 9, 4, 5};
-
 // Parses `valueText` into the record, or renders the field into it (a buffer of kValueTextSize
 // bytes). Tags match without regard to case; an unknown tag changes nothing, and an ignored one
 // leaves the buffer as it was. Never fails: text without a number reads as 0, longer text is cut.
