@@ -9,7 +9,7 @@
 #include <string>
 
 #include "ddb/extended_option.h"
-#include "ddb/tag_text.h"
+#include "ddb/tag_table.h"
 #include "devmode/devmode_fields.h"
 #include "favorites/settings_mapping.h"
 #include "keywords/keyword_table.h"

@@ -76,6 +76,10 @@ inline constexpr std::size_t kMaxTagChars = 19;
 static_assert(std::ranges::all_of(kTags,
                                   [](const Tag& t) { return t.name.size() <= kMaxTagChars; }));
 
+// Media type codes: of the record by file code. Codes beyond the table are the same in both.
+inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2, 3, 6,
+                                                                   8,  7, 11, 9, 4, 5};
+
 // The row of a tag that the code names; an unknown name does not compile.
 consteval const Tag& TagNamed(std::string_view name) {
   const auto* row = std::ranges::find(kTags, name, &Tag::name);

@@ -1,18 +1,12 @@
 // Tagged items: the value of a record's field as text and back, one tag at a time.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "ddb/print_option.h"
 
 namespace ddb {
-
-// Media type codes: of the record by file code. Codes beyond the table are the same in both.
-inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2, 3, 6,
-                                                                   8,  7, 11, 9, 4, 5};
 
 // Parses `valueText` into the record, or renders the field into it. Tags match without regard to
 // case; an unknown tag changes nothing, and an ignored one leaves the text as it was. Never fails:
