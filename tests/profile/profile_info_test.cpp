@@ -72,13 +72,6 @@ TEST_F(ProfileInfoTest, MissingFilesAndFoldersCountAsEverythingInstalled) {
   }
 }
 
-TEST_F(ProfileInfoTest, ReadingTwiceForgetsTheFirstFile) {
-  EXPECT_TRUE(Read("HasOption_ZNPunch=true\nCustomPaperName1=x\n"));
-  EXPECT_TRUE(Read("HasOption_InputSlot=Tray2"));
-  EXPECT_EQ(test::FirstDifference(profile_.Items(), test::WalkProfile("HasOption_InputSlot=Tray2")),
-            -1);
-}
-
 TEST_F(ProfileInfoTest, NamesLoseFolderAndExtensionAndGetTheirOwn) {
   folder_.Write("device.cps", "HasOption_InputSlot=Tray1\n");
   // The second bytes of these characters are a backslash's.
