@@ -125,8 +125,7 @@ std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
 bool SheetFavorites::Save(std::string_view name, std::string_view comment) {
   // Makes the folder for the first favourite of the machine.
   (void)GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
-  RespellFile(name);
-  return store_.Save(name, comment, settings_);
+  return store_.Save(RespellFile(name), comment, settings_);
 }
 
 bool SheetFavorites::Delete(std::size_t index) {
@@ -140,20 +139,19 @@ bool SheetFavorites::Delete(std::size_t index) {
   return true;
 }
 
-// The file system takes "Fair" and "fair" for one file: it gets the name that the user wrote, so
-// that the list and the folder agree.
-void SheetFavorites::RespellFile(std::string_view name) {
-  const std::string wanted = GetFavoritePath(store_.Folder(), name);
-  if (store_.Find(name) || !FavoriteFileExists(wanted.c_str())) {
-    return;
-  }
-  for (std::size_t i = 0; i < store_.Count(); ++i) {
-    if (::lstrcmpiA(store_.Name(i).c_str(), std::string(name).c_str()) == 0) {
-      ::MoveFileA(GetFavoritePath(store_.Folder(), store_.Name(i)).c_str(), wanted.c_str());
+// The file system takes "Fair" and "fair" for one file: it gets the name that the user wrote. Where
+// the file system keeps the old spelling, that is the favourite's name, as the folder lists it.
+std::string SheetFavorites::RespellFile(std::string_view name) {
+  std::string wanted(name);
+  for (std::size_t i = 0; i < store_.Count() && !store_.Find(name); ++i) {
+    if (std::string listed = store_.Name(i); ::lstrcmpiA(listed.c_str(), wanted.c_str()) == 0) {
+      ::MoveFileA(GetFavoritePath(store_.Folder(), listed).c_str(),
+                  GetFavoritePath(store_.Folder(), name).c_str());
       Refresh();
-      return;
+      return store_.Find(name) ? wanted : listed;
     }
   }
+  return wanted;
 }
 
 }  // namespace zn

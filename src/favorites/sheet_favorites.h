@@ -56,7 +56,8 @@ class SheetFavorites final : public SheetAttachment {
   bool Delete(std::size_t index);
 
  private:
-  void RespellFile(std::string_view name);
+  // The name under which the folder has, or takes, the favourite.
+  [[nodiscard]] std::string RespellFile(std::string_view name);
 
   SheetSettings settings_;
   FavoritesStore store_;

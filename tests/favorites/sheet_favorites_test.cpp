@@ -92,12 +92,16 @@ TEST_F(SheetFavoritesTest, MissingFolderOrFileChangesNothing) {
   EXPECT_EQ(Favorites().LoadAll().at(0).name, "fair");
 }
 
-TEST_F(SheetFavoritesTest, NameInAnotherCaseRespellsTheFile) {
+TEST_F(SheetFavoritesTest, NameInAnotherCaseIsTheSameFavorite) {
   ASSERT_TRUE(Favorites().Save("Fair", "old"));
   ASSERT_TRUE(Favorites().Save("fair", "new"));
+  ASSERT_EQ(Favorites().List().Count(), 1U);
+  EXPECT_EQ(Favorites().Load(0)->comment, "new");
+  // The list has the spelling that the file system keeps.
+  const std::string listed = Favorites().List().Name(0);
   Favorites().Refresh();
-  EXPECT_EQ(Favorites().List().Count(), 1U);
-  EXPECT_EQ(Favorites().Load(Find("fair").value())->comment, "new");
+  ASSERT_EQ(Favorites().List().Count(), 1U);
+  EXPECT_EQ(Favorites().List().Name(0), listed);
 }
 
 TEST_F(SheetFavoritesTest, SelectsOnlyWhatTheItemsOffer) {
