@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "devmode/devmode.h"
+#include "platform/double_byte.h"
 
 namespace zn::test {
 
@@ -14,14 +15,31 @@ inline CDevMode Defaulted() {
   return block;
 }
 
+// How many bytes of a text are copied: up to its bound, but no half of a character.
+inline std::size_t PlainBound(const std::byte* text, const DevModeField& field) {
+  if (field.copyBound == field.width || text[field.copyBound] == std::byte{0}) {
+    return field.copyBound;
+  }
+  std::size_t end = 0;
+  while (end < field.copyBound) {
+    const std::size_t size = IsLeadByte(static_cast<char>(text[end]), SystemCodePage()) ? 2 : 1;
+    if (end + size > field.copyBound) {
+      break;
+    }
+    end += size;
+  }
+  return end;
+}
+
 inline void PlainCopyOfText(std::byte* to, const std::byte* from, const DevModeField field) {
   const bool keepsAll = field.repair == Repair::None;
   const bool keepsLineEnds = field.repair == Repair::Comment;
+  const std::size_t bound = PlainBound(from, field);
   std::size_t length = 0;
-  for (std::size_t at = 0; at < field.copyBound && from[at] != std::byte{0}; ++at) {
+  for (std::size_t at = 0; at < bound && from[at] != std::byte{0}; ++at) {
     if (from[at] >= std::byte{' '} || keepsAll) {
       to[length++] = from[at];
-    } else if (keepsLineEnds && from[at] == std::byte{'\r'} && at + 1 < field.copyBound &&
+    } else if (keepsLineEnds && from[at] == std::byte{'\r'} && at + 1 < bound &&
                from[at + 1] == std::byte{'\n'}) {
       to[length++] = from[at++];
       to[length++] = from[at];
