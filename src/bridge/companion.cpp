@@ -209,8 +209,8 @@ bool CompanionModule::FavoriteSummary(FavoriteSummaryDialog& dialog,
   auto favoriteFolder = PathBuffer(dialog.favoriteFolder);
   auto folder = PathBuffer(driverFolder);
   auto profile = PathBuffer(dialog.profile);
-  int selection = dialog.selection;
   int count = static_cast<int>(favorites.size());
+  int selection = dialog.selection < count ? dialog.selection : -1;
   g_isSummaryOpen = true;
   const int result = run(favorites.data(), &selection, dialog.current, dialog.defaults, name.data(),
                          favoriteFolder.data(), deleted.data(), &count, folder.data(),

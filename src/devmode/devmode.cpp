@@ -127,7 +127,9 @@ void CDevMode::SetDefaults() noexcept {
 
 void CDevMode::CopyFrom(const void* source) noexcept {
   if (const CDevMode* block = BlockOfOurSize(source)) {
-    CopyFields(*block);
+    if (!CopyFields(*block)) {
+      return;
+    }
     for (const DevModeField& field : DevModeFields()) {
       if (IsClipped(field)) {
         ClipText(&bytes_[field.offset], field.copyBound);
@@ -155,9 +157,9 @@ void CDevMode::Merge(const void* source) noexcept {
 }
 
 // Whatever lies between two fields that stay the destination's goes in one run.
-void CDevMode::CopyFields(const CDevMode& source) noexcept {
+bool CDevMode::CopyFields(const CDevMode& source) noexcept {
   if (std::memcmp(bytes_.data(), source.bytes_.data(), kDevModeHeaderSize) != 0) {
-    return;
+    return false;
   }
   std::size_t begin = 0;
   const auto copyUpTo = [&](std::size_t end) {
@@ -171,6 +173,7 @@ void CDevMode::CopyFields(const CDevMode& source) noexcept {
     }
   });
   copyUpTo(kDevModeSize);
+  return true;
 }
 
 // Texts are clipped here, too: when nothing was copied, the next merge must find nothing to clip.

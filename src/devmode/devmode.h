@@ -49,7 +49,7 @@ class CDevMode {
   [[nodiscard]] std::span<std::byte, kDevModeSize> Bytes() noexcept { return bytes_; }
 
  private:
-  void CopyFields(const CDevMode& source) noexcept;
+  bool CopyFields(const CDevMode& source) noexcept;
   void RepairFields() noexcept;
 
   std::array<std::byte, kDevModeSize> bytes_;

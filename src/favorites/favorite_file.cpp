@@ -54,6 +54,7 @@ void PlaceItems(ddb::CPrintOptionEx option, ItemLine& line) {
   std::string value;
   for (const std::string_view tag : GetFavoriteTagList()) {
     // Not specified: the digit scan would read "-1" as 1.
+    value.clear();
     if (ExchangeItem(tag, value, option, false) && !ddb::ComesBack(tag, option)) {
       line.Remove(tag);
       continue;

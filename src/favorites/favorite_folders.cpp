@@ -68,9 +68,10 @@ class FileSearch {
   [[nodiscard]] bool Found() const { return handle_ != INVALID_HANDLE_VALUE; }
   // A plain one: a link would lead to what its maker chose.
   [[nodiscard]] bool IsFile() const {
-    constexpr DWORD kOther =
-        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE | FILE_ATTRIBUTE_REPARSE_POINT;
-    return (found_.dwFileAttributes & kOther) == 0;
+    constexpr DWORD kOther = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE;
+    const bool isLink = (found_.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+                        IsReparseTagNameSurrogate(found_.dwReserved0);
+    return (found_.dwFileAttributes & kOther) == 0 && !isLink;
   }
   [[nodiscard]] std::string_view Name() const { return found_.cFileName; }
   bool Next() { return ::FindNextFileA(handle_, &found_) != FALSE; }

@@ -78,7 +78,7 @@ const SettingSource* FavoritesStore::Load(std::size_t index, const SheetSettings
 
 bool FavoritesStore::Save(std::string_view name, std::string_view comment,
                           const SheetSettings& sheet) {
-  if (folder_.empty() || !IsFavoriteName(name) || comment.size() > kMaxComment) {
+  if (!Accepts(name, comment)) {
     return false;
   }
   const std::optional<std::size_t> present = Find(name);
@@ -107,12 +107,13 @@ bool FavoritesStore::SaveFile(const SettingSource& favorite, const std::string& 
   if (!CanCreateFile(beside.c_str())) {
     return files_.SaveFavoriteFromPath(favorite, path.c_str());
   }
-  if (files_.SaveFavoriteFromPath(favorite, beside.c_str(), path.c_str()) &&
-      ReplaceInOneStep(beside.c_str(), path.c_str())) {
+  const bool isSaved = files_.SaveFavoriteFromPath(favorite, beside.c_str(), path.c_str());
+  if (isSaved && ReplaceInOneStep(beside.c_str(), path.c_str())) {
     return true;
   }
   std::remove(beside.c_str());
-  return false;
+  // Another program may have the old one open, or this user may write to it, but not replace it.
+  return isSaved && files_.SaveFavoriteFromPath(favorite, path.c_str());
 }
 
 void FavoritesStore::Remove(std::size_t index) {
@@ -122,6 +123,10 @@ void FavoritesStore::Remove(std::size_t index) {
 
 std::string FavoritesStore::PathOf(std::string_view name) const {
   return std::string(folder_).append(1, kSeparator).append(name).append(extension_);
+}
+
+bool FavoritesStore::Accepts(std::string_view name, std::string_view comment) const {
+  return !folder_.empty() && IsFavoriteName(name) && comment.size() <= kMaxComment;
 }
 
 bool FavoritesStore::IsFavoriteName(std::string_view name) const {

@@ -36,6 +36,9 @@ class FavoritesStore {
   // the next call of Load, Save, Remove or SetFiles.
   [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
 
+  // Whether a favourite can have this name and comment; saving needs both.
+  [[nodiscard]] bool Accepts(std::string_view name, std::string_view comment) const;
+
   // Saves the current settings under `name`: over the favourite of that name, or as a new one.
   // False, and the old favourite as it was, when the name cannot be had, the comment is too long,
   // or the file could not be written whole.

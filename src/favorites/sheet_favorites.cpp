@@ -15,7 +15,7 @@ namespace {
 
 std::string_view FormName(std::uint32_t index) {
   const char* name = nullptr;
-  return GetFormsInfo(index, &name) != 0 ? name : "";
+  return index < GetFormsCount() && GetFormsInfo(index, &name) != 0 ? name : "";
 }
 
 // Their items are always told the first choice, or hold fewer choices than the session.
@@ -41,11 +41,10 @@ std::uint32_t CountChoices(const OPTITEM* item) {
 }
 
 SheetSettings SettingsOf(SheetContext& sheet) {
-  SheetSettings settings{sheet.options, sheet.jobValues, {GetFormsCount(), &FormName}, {}};
+  SheetSettings settings{sheet.options, sheet.jobValues, {0, &FormName}, {}};
   for (KeywordId id = 0; id < KW_MAX; ++id) {
     settings.choices[id] = HasChoicesBeyondItem(id) ? 0 : CountChoices(sheet.items[id]);
   }
-  settings.choices[KW_PAGESIZE] = settings.forms.count;
   return settings;
 }
 
@@ -66,6 +65,12 @@ SheetFavorites::SheetFavorites(SheetContext& sheet)
   Refresh();
 }
 
+// The form names are the process's: another sheet may have had them read anew.
+SheetSettings& SheetFavorites::Settings() {
+  settings_.forms.count = settings_.choices[KW_PAGESIZE] = GetFormsCount();
+  return settings_;
+}
+
 void SheetFavorites::Refresh() {
   // Without a shared folder a search would look into the root of the drive.
   store_.SetFiles(store_.Folder().empty() ? std::vector<std::string>()
@@ -73,16 +78,16 @@ void SheetFavorites::Refresh() {
 }
 
 const SettingSource* SheetFavorites::Load(std::size_t index) {
-  return store_.Load(index, settings_);
+  return store_.Load(index, Settings());
 }
 
 std::vector<SettingSource> SheetFavorites::LoadAll(std::size_t most) {
   std::vector<SettingSource> favorites(std::min(store_.Count(), most));
   for (std::size_t i = 0; i < favorites.size(); ++i) {
-    if (const SettingSource* const favorite = store_.Load(i, settings_)) {
+    if (const SettingSource* const favorite = store_.Load(i, Settings())) {
       favorites[i] = *favorite;
     } else {
-      TakeDefaults(favorites[i], settings_);
+      TakeDefaults(favorites[i], Settings());
       favorites[i].name = store_.Name(i);
     }
   }
@@ -90,42 +95,45 @@ std::vector<SettingSource> SheetFavorites::LoadAll(std::size_t most) {
 }
 
 SettingSource& SheetFavorites::Current() {
-  TakeCurrent(current_, settings_);
+  TakeCurrent(current_, Settings());
   return current_;
 }
 
 SettingSource SheetFavorites::Defaults() {
   SettingSource defaults;
-  TakeDefaults(defaults, settings_);
+  TakeDefaults(defaults, Settings());
   return defaults;
 }
 
 bool SheetFavorites::DiffersFrom(Choice choice) {
   if (!choice) {
-    return DiffersFromDefaults(settings_);
+    return DiffersFromDefaults(Settings());
   }
-  const SettingSource* const favorite = store_.Load(*choice, settings_);
-  return favorite != nullptr && Differs(*favorite, Reach::Favorite, settings_);
+  const SettingSource* const favorite = store_.Load(*choice, Settings());
+  return favorite != nullptr && Differs(*favorite, Reach::Favorite, Settings());
 }
 
 std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
   if (!choice) {
-    ApplyDefaults(settings_);
+    ApplyDefaults(Settings());
     return PaperMatch::ByName;
   }
-  const SettingSource* const favorite = store_.Load(*choice, settings_);
+  const SettingSource* const favorite = store_.Load(*choice, Settings());
   if (favorite == nullptr) {
     return std::nullopt;
   }
-  const PaperMatch match = Apply(*favorite, Reach::Favorite, settings_);
+  const PaperMatch match = Apply(*favorite, Reach::Favorite, Settings());
   current_.option = favorite->option;
   return match;
 }
 
 bool SheetFavorites::Save(std::string_view name, std::string_view comment) {
+  if (!store_.Accepts(name, comment)) {
+    return false;
+  }
   // Makes the folder for the first favourite of the machine.
   (void)GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
-  return store_.Save(RespellFile(name), comment, settings_);
+  return store_.Save(RespellFile(name), comment, Settings());
 }
 
 bool SheetFavorites::Delete(std::size_t index) {
@@ -143,10 +151,13 @@ bool SheetFavorites::Delete(std::size_t index) {
 // the file system keeps the old spelling, that is the favourite's name, as the folder lists it.
 std::string SheetFavorites::RespellFile(std::string_view name) {
   std::string wanted(name);
-  for (std::size_t i = 0; i < store_.Count() && !store_.Find(name); ++i) {
+  const std::string path = GetFavoritePath(store_.Folder(), name);
+  if (store_.Find(name) || !FavoriteFileExists(path.c_str())) {
+    return wanted;
+  }
+  for (std::size_t i = 0; i < store_.Count(); ++i) {
     if (std::string listed = store_.Name(i); ::lstrcmpiA(listed.c_str(), wanted.c_str()) == 0) {
-      ::MoveFileA(GetFavoritePath(store_.Folder(), listed).c_str(),
-                  GetFavoritePath(store_.Folder(), name).c_str());
+      ::MoveFileA(GetFavoritePath(store_.Folder(), listed).c_str(), path.c_str());
       Refresh();
       return store_.Find(name) ? wanted : listed;
     }

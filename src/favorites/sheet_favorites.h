@@ -23,7 +23,7 @@ class SheetFavorites final : public SheetAttachment {
   explicit SheetFavorites(SheetContext& sheet);
 
   // The sheet as the conversion sees it; what its options offer is gathered once.
-  [[nodiscard]] SheetSettings& Settings() { return settings_; }
+  [[nodiscard]] SheetSettings& Settings();
 
   // Lists the folder anew.
   void Refresh();

@@ -144,7 +144,8 @@ HRESULT PrepareDocument(OEMCUIPPARAM& param) {
   if (g_openSheets > 0) {
     return S_OK;
   }
-  // A context that no sheet took up is only forgotten: its heap may be gone.
+  // A context that no sheet took up, or whose sheet ended on another thread, is only forgotten: its
+  // heap may be gone.
   ThePlugInContext().sheet = nullptr;
   g_preparingThread = 0;
   g_ownerThread = 0;

@@ -8,6 +8,7 @@
 #include "pages/commondlg.h"
 #include "pages/page_frame.h"
 #include "pages/print_option_setting.h"
+#include "pages/profile_source.h"
 #include "pages/pspage.h"
 #include "platform/format_text.h"
 #include "platform/resources.h"
@@ -49,7 +50,10 @@ void OpenPrintOptions(PageFrame& page) {
   page.Show();
   sheet.activePage = page.Window();
   if (accepted) {
-    // Pages read the device profile whenever they are filled: the new one serves from now on.
+    // Every filling of a page reads the profile itself; read now, its trace says whether it is
+    // good.
+    CProfileInfo profile;
+    UpdateProfile(profile, sheet);
     page.Refill(KW_COLORMODEL);
   }
 }

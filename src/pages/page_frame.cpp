@@ -67,8 +67,13 @@ const CProfileInfo& PageSources::Profile() {
 
 bool PageFrame::Fill(bool useDefault) {
   PageSources sources(sheet_);
-  const bool isFilled = std::ranges::all_of(
-      table_.controls, [&](const ControlRow& row) { return Fill(row, sources, useDefault); });
+  const bool isFilled = std::ranges::all_of(table_.controls, [&](const ControlRow& row) {
+    const bool isRowFilled = Fill(row, sources, useDefault);
+    if (isRowFilled && row.governs) {
+      ShowSelections();
+    }
+    return isRowFilled;
+  });
   if (isFilled && useDefault) {
     for (const KeywordId keyword : table_.alsoRestored) {
       sheet_.RestoreDefault(keyword);
@@ -121,9 +126,6 @@ bool PageFrame::Fill(const ControlRow& row, PageSources& sources, bool useDefaul
   }
   if (row.kind == ControlKind::CheckBox || row.kind == ControlKind::UpDown) {
     Select(row, selection);
-  }
-  if (row.governs) {
-    Show();
   }
   return true;
 }
@@ -194,7 +196,7 @@ std::optional<std::vector<int>> PageFrame::ImagesOf(const ControlRow& row, PageS
     const bool isMarked = SetWarningIndex(*flags, images, marks) != 0;
     list = hasOwnImages || isMarked ? marks : nullptr;
   }
-  if (row.kind == ControlKind::ExtendedList) {
+  if (row.images.strip != 0 || row.installed != Installed::Always) {
     ::SendMessageA(ControlOf(row), CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(list));
   }
   if (list == nullptr) {
@@ -249,10 +251,16 @@ void PageFrame::Show() {
     if (row.installed != Installed::Always || row.images.of != nullptr) {
       Fill(row, sources, false);
     }
+  }
+  ShowSelections();
+  RedrawIllustration();
+}
+
+void PageFrame::ShowSelections() {
+  for (const ControlRow& row : table_.controls) {
     Select(row, sheet_.Current(row.keyword));
   }
   EnableControls();
-  RedrawIllustration();
 }
 
 void PageFrame::Show(KeywordId keyword, const ControlRow* except) {

@@ -78,6 +78,7 @@ class PageFrame {
   // The selection that the control shows now; nothing when it shows none that is stored.
   [[nodiscard]] std::optional<std::uint32_t> Read(const ControlRow& row, const Event* event);
   void ResolveRestrictions(const ControlRow& row, std::uint32_t before);
+  void ShowSelections();
   void EnableControls();
   void RedrawIllustration();
   [[nodiscard]] HWND ControlOf(const ControlRow& row) const noexcept;

@@ -31,7 +31,7 @@ constexpr std::array kControls{
                .governs = true},
     // InitWaterMarkNo, UpdateWaterMarkNo, ApplyWaterMarkNo. On purpose the entry is held against
     // the
-    // bounds of the number, which counts from 1: choosing the first entry keeps the stored number.
+    // number's bounds, which count from 1: choosing the first entry keeps the stored number.
     ControlRow{.keyword = KW_WMSELECTION,
                .kind = ControlKind::List,
                .id = IDC_WATERMARK_NUMBER,

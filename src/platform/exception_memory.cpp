@@ -40,7 +40,8 @@ struct ThreadRecord {
   __cxa_eh_globals globals;
   volatile LONG thread;  // 0: free
 };
-ThreadRecord g_threads[64];  // threads with an exception under way at the same time
+ThreadRecord g_threads[64];      // threads with an exception under way at the same time
+constexpr int kPatience = 1000;  // milliseconds
 
 ThreadRecord* FindThread(LONG thread) noexcept {
   for (ThreadRecord& record : g_threads) {
@@ -51,11 +52,17 @@ ThreadRecord* FindThread(LONG thread) noexcept {
   return nullptr;
 }
 
+// Nothing caught, nothing on its way; an exception of another module may have been counted once.
+bool IsIdle(const ThreadRecord& record) noexcept {
+  return record.globals.caughtExceptions == nullptr &&
+         static_cast<int>(record.globals.uncaughtExceptions) <= 0;
+}
+
 // A thread without any exception gives its record back.
 void LeaveThread() noexcept {
   ThreadRecord* record = FindThread(static_cast<LONG>(::GetCurrentThreadId()));
-  if (record != nullptr && record->globals.caughtExceptions == nullptr &&
-      record->globals.uncaughtExceptions == 0) {
+  if (record != nullptr && IsIdle(*record)) {
+    record->globals = {};
     ::InterlockedExchange(&record->thread, 0);
   }
 }
@@ -90,9 +97,13 @@ __cxa_eh_globals* __cxa_get_globals() noexcept {
   if (ThreadRecord* record = FindThread(thread)) {
     return &record->globals;
   }
-  for (;;) {
+  for (int wait = 0;; ++wait) {
     for (ThreadRecord& record : g_threads) {
-      if (::InterlockedCompareExchange(&record.thread, thread, 0) == 0) {
+      const LONG holder = record.thread;
+      // One that has been idle for so long was left behind with an exception of another module.
+      if ((holder == 0 || (wait > kPatience && IsIdle(record))) &&
+          ::InterlockedCompareExchange(&record.thread, thread, holder) == holder) {
+        record.globals = {};
         return &record.globals;
       }
     }

@@ -1,5 +1,7 @@
 // What the compiler's stack protection asks of a runtime. The compiler's own library for it opens a
 // system module for its random number, at every load of the plug-in.
+#include <windows.h>
+// This must come behind windows.h.
 #include <x86intrin.h>
 
 #include <cstdint>
@@ -11,7 +13,10 @@ std::uintptr_t __stack_chk_guard = 0x2B992DDFA23249D6;
 
 [[noreturn]] void __stack_chk_fail() {
   constexpr int kStackCookieCheckFailure = 2;
-  __asm__ volatile("int $0x29" : : "c"(kStackCookieCheckFailure));  // the system's fast fail
+  if (::IsProcessorFeaturePresent(PF_FASTFAIL_AVAILABLE) != FALSE) {
+    __asm__ volatile("int $0x29" : : "c"(kStackCookieCheckFailure));  // the system's fast fail
+  }
+  ::TerminateProcess(::GetCurrentProcess(), STATUS_STACK_BUFFER_OVERRUN);
   __builtin_unreachable();
 }
 }

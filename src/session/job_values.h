@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "platform/double_byte.h"
 #include "session/sheet_context.h"
 
 namespace zn {
@@ -52,7 +53,7 @@ inline void SetJobNameMode(SheetContext& sheet, JobNameMode mode) noexcept {
 // At most 255 bytes, also of a field that lacks its terminator.
 [[nodiscard]] inline std::string_view JobNameOf(const SheetContext& sheet) noexcept {
   constexpr std::size_t kMaxJobName = 255;
-  return sheet.jobValues.GetText(devmode::kJobName).substr(0, kMaxJobName);
+  return CutText(sheet.jobValues.GetText(devmode::kJobName), kMaxJobName);
 }
 inline void SetJobName(SheetContext& sheet, std::string_view name) noexcept {
   sheet.jobValues.SetText(devmode::kJobName, name);
@@ -61,8 +62,9 @@ inline void SetJobName(SheetContext& sheet, std::string_view name) noexcept {
 // The name of the device profile, bare or as a path: at most 259 bytes. The driver's name while the
 // job names none.
 [[nodiscard]] inline std::string_view DeviceProfileOf(const SheetContext& sheet) noexcept {
+  constexpr std::size_t kMaxProfile = 259;
   const std::string_view named = sheet.jobValues.GetText(devmode::kDeviceProfile);
-  return named.empty() ? TextOf(sheet.driverName) : named;
+  return named.empty() ? TextOf(sheet.driverName) : CutText(named, kMaxProfile);
 }
 // The driver's name does not become the job's own where the job's block names none.
 inline void SetDeviceProfile(SheetContext& sheet, std::string_view name) noexcept {
