@@ -38,7 +38,7 @@ std::string CellIf(bool there, const Value& value) {
 template <class... Values>
 void PrintRow(const Values&... values) {
   std::string line;
-  ((line += (line.empty() ? "" : "\t") + Cell(values)), ...);
+  ((line.append(line.empty() ? "" : "\t").append(Cell(values))), ...);
   std::puts(line.c_str());
 }
 
@@ -46,7 +46,7 @@ template <class Numbers>
 std::string List(const Numbers& numbers) {
   std::string list;
   for (const auto number : numbers) {
-    list += (list.empty() ? "" : " ") + std::to_string(number);
+    list.append(list.empty() ? "" : " ").append(std::to_string(number));
   }
   return list;
 }
@@ -55,7 +55,7 @@ std::string BitList(unsigned bits) {
   std::string list;
   for (int number = 0; bits >> number != 0; ++number) {
     if ((bits >> number & 1U) != 0) {
-      list += (list.empty() ? "" : " ") + std::to_string(number);
+      list.append(list.empty() ? "" : " ").append(std::to_string(number));
     }
   }
   return list;
