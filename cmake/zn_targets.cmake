@@ -2,6 +2,10 @@
 add_library(zn_options INTERFACE)
 target_compile_options(zn_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                             -Wno-sign-conversion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 reports it, wrongly, for a text in front of a std::string.
+  target_compile_options(zn_options INTERFACE -Wno-restrict)
+endif()
 target_include_directories(zn_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
 if(ZN_TRACE)
   target_compile_definitions(zn_options INTERFACE ZN_TRACE=1)
