@@ -172,6 +172,7 @@ TEST(Inspector, PrintsOffsetNameValueIdAndNoteOfEveryField) {
   block.SetDWord(devmode::kTiffDpi, 1201);
   block.SetText(devmode::kComment, "one\r\ntwo\tthree");
   std::memset(&block.Bytes()[devmode::kFavoriteName], 'x', 28);
+  block.SetText(devmode::kJobOwnerPassword, "secret");
   block.SetText(devmode::kJobName, "\x95\x5c\x8e\x86");  // double-byte, a backslash as trail byte
   const auto lines = Lines(Inspect({"devmode", folder.Write("block", BytesOf(block))}));
   EXPECT_EQ(lines.size(), DevModeFields().size());
@@ -180,6 +181,7 @@ TEST(Inspector, PrintsOffsetNameValueIdAndNoteOfEveryField) {
   EXPECT_THAT(lines, Contains("2160\tjob name\t\x95\x5c\x8e\x86\t-"));
   EXPECT_THAT(lines,
               Contains("2416\tfavourite name\t" + std::string(28, 'x') + "\t-\tnot terminated"));
+  EXPECT_THAT(lines, Contains("9149\tjob owner password\t(6 bytes)\t-"));
   EXPECT_THAT(lines, Contains("2444\tcomment\tone\\r\\ntwo\\tthree\t-\thas control characters"));
 
   for (const char byte : {'\n', '\xFF'}) {
@@ -207,7 +209,8 @@ TEST(Inspector, ConvertAndMergeWriteTheDestination) {
 
 constexpr std::string_view kFavorite =
     "12\n-7\n5\nComment=spring fair\n"
-    "EXT_NUP=4\t\tPG_PPSIZE=7\t\tEXT_PGSIZE=5\t\tPG_PTYPE=0\t\tNEW_TAG=x\t\tMEMO_CMT=a b\t\t"
+    "EXT_NUP=4\t\tPG_PPSIZE=7\t\tEXT_PGSIZE=5\t\tPG_PTYPE=0\t\tNEW_TAG=x\t\tMEMO_CMT=a\x1B[2J\t\t"
+    "SP_FMPAS=secret\t\t"
     "OUT_PPSWM=12.34\t\tCBS_PG=5\t\t\nPageSize=A3 wide\n";
 
 TEST(Inspector, PrintsAFavoritesEntryThenBothTables) {
@@ -220,6 +223,8 @@ TEST(Inspector, PrintsAFavoritesEntryThenBothTables) {
   EXPECT_THAT(output, HasSubstr("\nPG_RTEXT=\nPG_PPSIZE=5\nPG_PPSIZEX=0.0\nPG_PPSIZEY=0.0\n"
                                 "PG_PSIZE=7\n"));
   EXPECT_THAT(output, HasSubstr("\nOUT_PPSWM=12.3\n"));
+  EXPECT_THAT(output, HasSubstr("\nMEMO_CMT=a\\x1B[2J\n"));
+  EXPECT_THAT(output, HasSubstr("\nSP_FMPAS=(6 bytes)\n"));
   EXPECT_EQ(Lines(output).size(), 5 + 13 + 534U);
   EXPECT_EQ(Inspect({"record", "--default"}),
             Inspect({"favorite", folder.Write("fresh.pfj", "0\n0\n")}));
@@ -245,14 +250,14 @@ TEST(Inspector, PrintsTheAnswersOfAProfile) {
                                                             "HasOption_CFinisher=true\r\n"
                                                             "HasOption_ZNPunch=true\r\n"
                                                             "CustomPaperName20=\x95\x5C a=b\r\n"
-                                                            "Watermark100= last\r\n")}));
+                                                            "Watermark100= last\x1B[2J\r\n")}));
   ASSERT_EQ(lines.size(), 3 + 20 + 100U);
   EXPECT_EQ(lines[0], "tray=1 0 1 0 0 0 1");
   EXPECT_EQ(lines[1], "output=1 0 0 1 1 0");
   EXPECT_EQ(lines[2], "punch=1 1 1");
   EXPECT_EQ(lines[3], "paper1=");
   EXPECT_EQ(lines[22], "paper20=\x95\x5C a=b");
-  EXPECT_EQ(lines[122], "watermark100= last");
+  EXPECT_EQ(lines[122], "watermark100= last\\x1B[2J");
 }
 
 }  // namespace
