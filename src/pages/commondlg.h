@@ -47,9 +47,6 @@ class CCommonDlg {
   int Commit() const;
   int Command(const PageTable& table, WORD notifyCode, WORD controlId);
   void MakeActivePage(SheetContext& sheet) const noexcept { sheet.activePage = window_; }
-  [[nodiscard]] bool IsActivePage(const SheetContext& sheet) const noexcept {
-    return sheet.activePage == window_;
-  }
   [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
   // Tells the sheet that there is something to apply.
   void NotifyChanged() const noexcept;

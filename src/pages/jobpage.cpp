@@ -71,7 +71,6 @@ constexpr PageTable kTable{.controls = kControls,
                            .readsOnlyWhileActive = true};
 
 constexpr int kMinJobName = 1;
-constexpr int kMaxJobName = 255;
 constexpr int kJobNameReadLimit = 258;
 
 // The last job name that the edit's guard accepted. One per process: page objects keep nothing

@@ -21,7 +21,6 @@ constexpr int kNoImage = I_IMAGENONE;
 // many options.
 std::optional<std::vector<std::uint32_t>> AskDevice(const CProfileInfo& profile,
                                                     Installed installed, std::size_t count) {
-  constexpr int kStapleItem = 13;
   // One more than options: the query of the outputs writes six values for five.
   std::vector<std::uint32_t> flags(count + 1, 1);
   const int listed = static_cast<int>(count);
@@ -37,7 +36,7 @@ std::optional<std::vector<std::uint32_t>> AskDevice(const CProfileInfo& profile,
       profile.GetPunchConfig(flags.data(), listed);  // without an answer all stay
       break;
     case Installed::Staples:
-      std::fill(flags.begin() + 1, flags.end(), profile.Items()[kStapleItem].present);
+      std::fill(flags.begin() + 1, flags.end(), profile.Items()[CProfileInfo::kStapleItem].present);
       break;
     case Installed::Always:
       break;

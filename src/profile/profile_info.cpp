@@ -36,6 +36,8 @@ enum : int {
   kStackerTopTray = 20,
 };
 
+static_assert(profile::kFlagItems[CProfileInfo::kStapleItem].suffix == "ZNStaple");
+
 constexpr std::size_t kPathSize = 260;  // of the path buffer, terminator included
 constexpr std::string_view kExtension = ".cps";
 #ifdef _WIN32

@@ -15,6 +15,7 @@ class CProfileInfo {
   static constexpr int kOutputCount = 5;
   static constexpr int kPaperNameCount = 20;
   static constexpr int kWatermarkCount = 100;
+  static constexpr int kStapleItem = 13;  // of Items(): staples have no query of their own
 
   enum ItemType : std::uint32_t { kFlag = 0, kValue = 1, kReserved = 2 };
 

@@ -50,9 +50,10 @@ inline void SetJobNameMode(SheetContext& sheet, JobNameMode mode) noexcept {
   sheet.jobValues.SetDWord(devmode::kJobNameMode, static_cast<std::uint32_t>(mode));
 }
 
-// At most 255 bytes, also of a field that lacks its terminator.
+inline constexpr std::size_t kMaxJobName = 255;  // bytes
+
+// At most so long, also of a field that lacks its terminator.
 [[nodiscard]] inline std::string_view JobNameOf(const SheetContext& sheet) noexcept {
-  constexpr std::size_t kMaxJobName = 255;
   return CutText(sheet.jobValues.GetText(devmode::kJobName), kMaxJobName);
 }
 inline void SetJobName(SheetContext& sheet, std::string_view name) noexcept {
