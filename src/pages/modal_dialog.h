@@ -1,0 +1,46 @@
+// The modal dialogs that the pages open: a dialog object that lives as long as its window.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/boundary.h"
+#include "platform/resources.h"
+
+namespace zn {
+
+// Hands a dialog's messages to its object: WM_COMMAND with the notification code, the control id
+// and the control window. Closing the window is pressing Cancel (IDCANCEL). No exception leaves it.
+template <class Dialog>
+INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  return GuardedOr(INT_PTR{0}, [&]() -> INT_PTR {
+    auto* dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrA(window, DWLP_USER));
+    if (message == WM_INITDIALOG && dialog == nullptr) {
+      // Once: any process can send a second one, with whatever pointer.
+      dialog = reinterpret_cast<Dialog*>(lParam);
+      ::SetWindowLongPtrA(window, DWLP_USER, lParam);
+      dialog->window_ = window;
+      return dialog->OnInitDialog();
+    }
+    if (dialog == nullptr) {
+      return 0;
+    }
+    switch (message) {
+      case WM_COMMAND:
+        return dialog->OnCommand(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam));
+      case WM_CLOSE:
+        return dialog->OnCommand(BN_CLICKED, IDCANCEL, nullptr);
+      default:
+        return 0;
+    }
+  });
+}
+
+// Shows the template over the active window until the dialog is closed; the result is what it was
+// ended with, or -1 when it could not be shown.
+template <class Dialog>
+INT_PTR RunModalDialog(UINT templateId, Dialog& dialog) {
+  return ::DialogBoxParamA(ResourceInstance(), MAKEINTRESOURCEA(templateId), ::GetActiveWindow(),
+                           &ModalDialogProc<Dialog>, reinterpret_cast<LPARAM>(&dialog));
+}
+
+}  // namespace zn
