@@ -9,7 +9,8 @@
 namespace zn {
 
 // Hands a dialog's messages to its object: WM_COMMAND with the notification code, the control id
-// and the control window. Closing the window is pressing Cancel (IDCANCEL). No exception leaves it.
+// and the control window; WM_NOTIFY when there is an OnNotify. Closing the window is pressing
+// Cancel (IDCANCEL). No exception leaves it.
 template <class Dialog>
 INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return GuardedOr(INT_PTR{0}, [&]() -> INT_PTR {
@@ -27,6 +28,11 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
     switch (message) {
       case WM_COMMAND:
         return dialog->OnCommand(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam));
+      case WM_NOTIFY:
+        if constexpr (requires { dialog->OnNotify(nullptr); }) {
+          return dialog->OnNotify(reinterpret_cast<NMHDR*>(lParam));
+        }
+        return 0;
       case WM_CLOSE:
         return dialog->OnCommand(BN_CLICKED, IDCANCEL, nullptr);
       default:
