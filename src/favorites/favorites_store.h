@@ -35,6 +35,8 @@ class FavoritesStore {
   // has the sheet's default, except for the paper size, which is not specified then. Valid until
   // the next call of Load, Save, Remove or SetFiles.
   [[nodiscard]] const SettingSource* Load(std::size_t index, const SheetSettings& sheet);
+  // The next Load reads the file again.
+  void Forget() { loaded_.reset(); }
 
   // Whether a favourite can have this name and comment; saving needs both.
   [[nodiscard]] bool Accepts(std::string_view name, std::string_view comment) const;

@@ -118,6 +118,7 @@ std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
     ApplyDefaults(Settings());
     return PaperMatch::ByName;
   }
+  store_.Forget();
   const SettingSource* const favorite = store_.Load(*choice, Settings());
   if (favorite == nullptr) {
     return std::nullopt;
@@ -127,13 +128,14 @@ std::optional<PaperMatch> SheetFavorites::Select(Choice choice) {
   return match;
 }
 
-bool SheetFavorites::Save(std::string_view name, std::string_view comment) {
+SheetFavorites::Choice SheetFavorites::Save(std::string_view name, std::string_view comment) {
   if (!store_.Accepts(name, comment)) {
-    return false;
+    return std::nullopt;
   }
   // Makes the folder for the first favourite of the machine.
   (void)GetSharedFolder(SharedFolder::Favorite, MissingFolder::Create);
-  return store_.Save(RespellFile(name), comment, Settings());
+  const std::string spelled = RespellFile(name);
+  return store_.Save(spelled, comment, Settings()) ? store_.Find(spelled) : std::nullopt;
 }
 
 bool SheetFavorites::Delete(std::size_t index) {

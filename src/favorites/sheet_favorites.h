@@ -46,12 +46,14 @@ class SheetFavorites final : public SheetAttachment {
 
   // Whether the current settings differ from the choice; a favourite that cannot be read does not.
   [[nodiscard]] bool DiffersFrom(Choice choice);
-  // Replaces the current settings; nothing, and no change, when the favourite cannot be read.
+  // Replaces the current settings by the file as it is now; nothing, and no change, when the
+  // favourite cannot be read.
   std::optional<PaperMatch> Select(Choice choice);
 
-  // Saves the current settings over the favourite of that name, or as a new one. False when the
-  // name or comment is too long, or the file could not be written whole.
-  bool Save(std::string_view name, std::string_view comment);
+  // Saves the current settings over the favourite of that name, or as a new one; the favourite
+  // that they are saved as. Nothing when name or comment cannot be had, or the file could not be
+  // written whole.
+  Choice Save(std::string_view name, std::string_view comment);
   // Deletes the favourite and its file; false when the file stays.
   bool Delete(std::size_t index);
 

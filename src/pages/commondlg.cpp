@@ -122,13 +122,15 @@ int CCommonDlg::Command(const PageTable& table, WORD notifyCode, WORD controlId)
   }
   int result = 1;
   bool isChange = false;
+  PageFrame frame(window_, *sheet, table);
   if (controlId == table.restoreButton) {
     result = Initialize(sheet, true);
     Redraw();
     MakeActivePage(*sheet);
+    frame.Changed();
     isChange = table.restoringIsAChange;
   } else {
-    isChange = PageFrame(window_, *sheet, table).Command(notifyCode, controlId);
+    isChange = frame.Command(notifyCode, controlId);
   }
   if (isChange) {
     NotifyChanged();

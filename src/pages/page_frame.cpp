@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <array>
+#include <ranges>
 
 #include "pages/page_images.h"
 #include "pages/profile_source.h"
@@ -122,8 +122,12 @@ bool PageFrame::Fill(const ControlRow& row, PageSources& sources, bool useDefaul
   // First: an up-down control reports the position that it is set to.
   if (useDefault) {
     sheet_.SetCurrent(row.keyword, selection);
+    if (row.pairing != nullptr) {
+      sheet_.RestoreDefault(row.pairing->second);
+    }
   }
-  if (row.kind == ControlKind::CheckBox || row.kind == ControlKind::UpDown) {
+  if (row.kind == ControlKind::CheckBox || row.kind == ControlKind::UpDown ||
+      row.pairing != nullptr) {
     Select(row, selection);
   }
   return true;
@@ -140,21 +144,22 @@ bool PageFrame::InitComboBox(const ControlRow& row, PageSources& sources, std::u
     ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
     return false;
   }
+  const auto shown = SelectedIndex(list);
   auto names = NamesOf(row, sources);
   const auto images = ImagesOf(row, sources, names.size());
   if (!images) {
     return false;
   }
-  FillList(list, row.kind == ControlKind::ExtendedList, names, *images);
-  if (row.coding.itemData) {
-    for (std::size_t entry = 0; entry < names.size(); ++entry) {
-      ::SendMessageA(list, CB_SETITEMDATA, entry, static_cast<LPARAM>(entry + row.coding.first));
-    }
-  }
+  FillList(list, row.kind == ControlKind::ExtendedList, names, *images,
+           row.coding.itemData ? std::optional<LPARAM>(row.coding.first) : std::nullopt);
   if (row.coding.misfit == Misfit::Unselected && !isShown) {
     return false;
   }
-  ::SendMessageA(list, CB_SETCURSEL, LOWORD(selection - row.coding.first), 0);
+  if (row.pairing == nullptr) {
+    ::SendMessageA(list, CB_SETCURSEL, LOWORD(selection - row.coding.first), 0);
+  } else if (shown) {
+    ::SendMessageA(list, CB_SETCURSEL, *shown, 0);  // stays where the pair is not shown
+  }
   return true;
 }
 
@@ -181,10 +186,8 @@ std::optional<std::vector<int>> PageFrame::ImagesOf(const ControlRow& row, PageS
                                                     std::size_t count) {
   std::vector<int> images(count, kNoImage);
   HIMAGELIST list = row.images.strip != 0 ? SharedImages(row.images.strip) : nullptr;
-  if (row.images.of != nullptr) {
-    const auto told = row.images.of(sheet_);
-    std::copy_n(told.begin(), std::min(told.size(), count), images.begin());
-  }
+  const auto told = row.images.of != nullptr ? row.images.of(sheet_) : row.images.fixed;
+  std::copy_n(told.begin(), std::min(told.size(), count), images.begin());
   if (row.installed != Installed::Always) {
     const auto flags = AskDevice(sources.Profile(), row.installed, count);
     if (!flags) {
@@ -246,12 +249,22 @@ void PageFrame::SetCaption(const ControlRow& row, PageSources& sources, HWND lab
 
 void PageFrame::Show() {
   PageSources sources(sheet_);
-  for (const ControlRow& row : table_.controls) {
+  const auto show = [&](const ControlRow& row) {
     if (row.installed != Installed::Always || row.images.of != nullptr) {
       Fill(row, sources, false);
     }
+    Select(row, sheet_.Current(row.keyword));
+  };
+  if (table_.showOrder.empty()) {
+    std::ranges::for_each(table_.controls, show);
   }
-  ShowSelections();
+  for (const KeywordId keyword : table_.showOrder) {
+    std::ranges::for_each(table_.controls | std::views::filter([&](const ControlRow& row) {
+                            return row.keyword == keyword;
+                          }),
+                          show);
+  }
+  EnableControls();
   RedrawIllustration();
 }
 
@@ -286,11 +299,24 @@ void PageFrame::Select(const ControlRow& row, std::uint32_t selection) {
       ::SendMessageA(Item(row.arrows), UDM_SETPOS32, 0, static_cast<LPARAM>(selection));
       break;
     default:
-      if (row.coding.itemData) {
+      if (row.pairing != nullptr) {
+        SelectPair(row);
+      } else if (row.coding.itemData) {
         SelectItemData(ControlOf(row), LOWORD(selection));
       } else {
         ::SendMessageA(ControlOf(row), CB_SETCURSEL, entry, 0);
       }
+  }
+}
+
+PairCoding::Pair PageFrame::PairOf(const ControlRow& row) const {
+  return {sheet_.Current(row.keyword),
+          row.pairing != nullptr ? sheet_.Current(row.pairing->second) : 0};
+}
+
+void PageFrame::SelectPair(const ControlRow& row) {
+  if (const auto entry = row.pairing->EntryOf(PairOf(row))) {
+    ::SendMessageA(ControlOf(row), CB_SETCURSEL, *entry, 0);
   }
 }
 
@@ -339,22 +365,23 @@ bool PageFrame::Command(WORD code, WORD id) {
   const auto button = std::ranges::find(table_.buttons, id, &ButtonRow::id);
   if (button != table_.buttons.end()) {
     button->press(*this);
+    RedrawIllustration();
     return button->isChange;
   }
   const ControlRow* const row = RowOf(id);
   if (row == nullptr) {
     return true;
   }
-  const std::uint32_t before = sheet_.Current(row->keyword);
+  const PairCoding::Pair before = PairOf(*row);
   const Event event{code, id};
   if (!Store(*row, &event)) {
     return true;
   }
-  if (row->kind == ControlKind::UpDown && sheet_.Current(row->keyword) == before) {
+  if (row->kind == ControlKind::UpDown && sheet_.Current(row->keyword) == before.first) {
     return false;
   }
   if (row->follow != nullptr) {
-    row->follow(*this, before);
+    row->follow(*this, before.first);
   }
   if (row->restriction) {
     ResolveRestrictions(*row, before);
@@ -371,6 +398,7 @@ bool PageFrame::Command(WORD code, WORD id) {
   if (row->redraws) {
     RedrawIllustration();
   }
+  Changed();
   return true;
 }
 
@@ -379,7 +407,11 @@ bool PageFrame::Store(const ControlRow& row, const Event* event) {
     return false;
   }
   const auto selection = Read(row, event);
-  if (selection) {
+  if (selection && row.pairing != nullptr) {
+    const PairCoding::Pair& pair = row.pairing->pairs[*selection];
+    sheet_.SetCurrent(row.keyword, pair.first);
+    sheet_.SetCurrent(row.pairing->second, pair.second);
+  } else if (selection) {
     sheet_.SetCurrent(row.keyword, *selection);
   }
   return selection.has_value();
@@ -419,7 +451,8 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
     default: {
       const HWND list = ControlOf(row);
       const auto entry = SelectedIndex(list);
-      if (!entry || !row.coding.Stores(*entry)) {
+      if (!entry || !row.coding.Stores(*entry) ||
+          (row.pairing != nullptr && *entry >= row.pairing->pairs.size())) {
         return std::nullopt;
       }
       return row.coding.itemData
@@ -429,8 +462,11 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
   }
 }
 
-void PageFrame::ResolveRestrictions(const ControlRow& row, std::uint32_t before) {
-  const std::array old{OldSelection{row.keyword, before}};
+void PageFrame::ResolveRestrictions(const ControlRow& row, PairCoding::Pair before) {
+  std::vector<OldSelection> old{{row.keyword, before.first}};
+  if (row.pairing != nullptr) {
+    old.push_back({row.pairing->second, before.second});
+  }
   zn::ResolveRestrictions(sheet_, {page_, *row.restriction, old, [&] { Show(row.keyword); },
                                    [&](KeywordId other) { Show(other); }});
 }

@@ -52,6 +52,12 @@ class PageFrame {
   // Stores the control that a command came from and does what follows, or presses the button. False
   // when nothing has changed: the page itself set the control, or the button changes nothing.
   bool Command(WORD code, WORD id);
+  // Does what follows a change of the settings.
+  void Changed() {
+    if (table_.changed != nullptr) {
+      table_.changed(*this);
+    }
+  }
 
  private:
   bool Fill(const ControlRow& row, PageSources& sources, bool useDefault);
@@ -69,6 +75,9 @@ class PageFrame {
   // Selects what stands for the selection, if the row shows it.
   void Select(const ControlRow& row, std::uint32_t selection);
   void Show(KeywordId keyword, const ControlRow* except);
+  // The current selections of the row's keyword and of the one that it is paired with.
+  [[nodiscard]] PairCoding::Pair PairOf(const ControlRow& row) const;
+  void SelectPair(const ControlRow& row);
   // The command that a control's reading answers; nothing when all are read.
   struct Event {
     WORD code;
@@ -77,7 +86,7 @@ class PageFrame {
   bool Store(const ControlRow& row, const Event* event);
   // The selection that the control shows now; nothing when it shows none that is stored.
   [[nodiscard]] std::optional<std::uint32_t> Read(const ControlRow& row, const Event* event);
-  void ResolveRestrictions(const ControlRow& row, std::uint32_t before);
+  void ResolveRestrictions(const ControlRow& row, PairCoding::Pair before);
   void ShowSelections();
   void EnableControls();
   void RedrawIllustration();

@@ -66,10 +66,31 @@ struct Coding {
   }
 };
 
+// A list whose entries stand for selections of two keywords, that of the row and another one.
+struct PairCoding {
+  struct Pair {
+    std::uint32_t first, second;
+  };
+
+  KeywordId second;
+  std::span<const Pair> pairs;                // by entry
+  std::span<const std::uint8_t> entryOfPair;  // at first + second * width
+  std::uint32_t width;
+
+  // Nothing for a pair that is not shown.
+  [[nodiscard]] constexpr std::optional<std::uint32_t> EntryOf(Pair pair) const {
+    const std::size_t height = entryOfPair.size() / width;
+    return pair.first < width && pair.second < height
+               ? std::optional<std::uint32_t>(entryOfPair[pair.first + pair.second * width])
+               : std::nullopt;
+  }
+};
+
 // Images of a list: a strip of the module, and per entry an image of it.
 struct EntryImages {
   UINT strip = 0;  // 0: no images
-  std::span<const std::uint8_t> (*of)(const SheetContext& sheet) = nullptr;
+  std::span<const std::uint8_t> fixed = {};
+  std::span<const std::uint8_t> (*of)(const SheetContext& sheet) = nullptr;  // of other settings
 };
 
 // Number of entries of a list, if it is not told by the row itself.
@@ -90,6 +111,7 @@ struct ControlRow {
   EntryImages images = {};
   Installed installed = Installed::Always;
   Coding coding = {};
+  const PairCoding* pairing = nullptr;  // instead of the coding
   RadioClick click = RadioClick::Checked;
   SheetQuestion usable = nullptr;   // null: always enabled
   SheetQuestion present = nullptr;  // null: always visible
@@ -115,7 +137,10 @@ struct PageTable {
   int restoreButton;
   bool restoringIsAChange;  // it reports one to the sheet
   std::span<const ButtonRow> buttons = {};
-  bool readsOnlyWhileActive = false;  // controls of a page that is not shown are not read
+  bool readsOnlyWhileActive = false;          // controls of a page that is not shown are not read
+  std::span<const KeywordId> showOrder = {};  // in which Show shows the controls; else as filled
+  // What follows a change of the page's settings: one that the user made, or restoring them.
+  void (*changed)(PageFrame& page) = nullptr;
   std::span<const KeywordId> alsoRestored = {};  // keywords without a control here
 };
 

@@ -53,13 +53,17 @@ HWND ListOfLabel(HWND page, int labelId) noexcept {
   return label != nullptr ? ::GetWindow(label, GW_HWNDNEXT) : nullptr;
 }
 
-void FillList(HWND list, bool isExtended, std::span<std::string> names,
-              std::span<const int> images) {
+void FillList(HWND list, bool isExtended, std::span<std::string> names, std::span<const int> images,
+              std::optional<LPARAM> firstData) {
   const PaintPause pause(list);
   ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
   for (std::size_t index = 0; index < names.size(); ++index) {
+    const LPARAM data = firstData.value_or(0) + static_cast<LPARAM>(index);
     if (!isExtended) {
       ::SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(names[index].c_str()));
+      if (firstData) {
+        ::SendMessageA(list, CB_SETITEMDATA, index, data);
+      }
       continue;
     }
     COMBOBOXEXITEMA entry{};
@@ -69,6 +73,10 @@ void FillList(HWND list, bool isExtended, std::span<std::string> names,
     if (!images.empty()) {
       entry.mask |= CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
       entry.iImage = entry.iSelectedImage = images[index];
+    }
+    if (firstData) {
+      entry.mask |= CBEIF_LPARAM;
+      entry.lParam = data;
     }
     ::SendMessageA(list, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
   }

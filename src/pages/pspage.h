@@ -25,9 +25,9 @@ void SetLabelText(HWND label, const std::string& text, bool colon);
 [[nodiscard]] HWND ListOfLabel(HWND page, int labelId) noexcept;
 
 // Replaces the entries of a list. Those of an extended one get images: one per entry, or none at
-// all.
-void FillList(HWND list, bool isExtended, std::span<std::string> names,
-              std::span<const int> images);
+// all. The entries' item data count up from `firstData`, if it is given.
+void FillList(HWND list, bool isExtended, std::span<std::string> names, std::span<const int> images,
+              std::optional<LPARAM> firstData = {});
 
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;

@@ -14,6 +14,11 @@ class CStandardPageDlg : public CCommonDlg {
   int OnSetActive() override;
   int OnKillActive() override;
   int Initialize(SheetContext* sheet, bool useDefault) override;
+  int OnUser(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  // The selected favourite's settings replace the current ones.
+  void OnPresetSelChange(SheetContext& sheet) const;
 };
 
 }  // namespace zn

@@ -29,14 +29,12 @@ class Controls : public PageSheetTest {
 
 // A list with images as a page has it, on the template of the basic page.
 constexpr std::array<std::uint8_t, 2> kImages{1, 2};
-constexpr std::array kColorMode{ControlRow{
-    .keyword = KW_COLORMODEL,
-    .kind = ControlKind::ExtendedList,
-    .label = IDC_BASIC_COLOR_MODE_LABEL,
-    .id = IDC_BASIC_COLOR_MODE,
-    .caption = Caption::CompanionColon,
-    .images = {IDB_COLOR_MODE,
-               [](const SheetContext&) { return std::span<const std::uint8_t>(kImages); }}}};
+constexpr std::array kColorMode{ControlRow{.keyword = KW_COLORMODEL,
+                                           .kind = ControlKind::ExtendedList,
+                                           .label = IDC_BASIC_COLOR_MODE_LABEL,
+                                           .id = IDC_BASIC_COLOR_MODE,
+                                           .caption = Caption::CompanionColon,
+                                           .images = {IDB_COLOR_MODE, kImages}}};
 constexpr PageTable kColorTable{kColorMode, {}, 0, 0, false};
 
 TEST_F(Controls, ListShowsCompanionNamesWithImages) {
@@ -68,7 +66,7 @@ constexpr std::array kTrayControls{
                .kind = ControlKind::ExtendedList,
                .label = IDC_TRAY_PUNCH_LABEL,
                .id = IDC_TRAY_PUNCH,
-               .images = {IDB_PUNCH, nullptr},
+               .images = {IDB_PUNCH},
                .installed = Installed::Punches},
     ControlRow{.keyword = KW_JOG,
                .kind = ControlKind::ExtendedList,

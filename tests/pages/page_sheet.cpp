@@ -16,7 +16,7 @@ HANDLE const kSheetHandle = reinterpret_cast<HANDLE>(0x5678);
 
 int WINAPI RecordMessage(HWND, LPCSTR text, LPCSTR caption, UINT style) {
   PageSheetTest::messages.push_back({text, caption != nullptr ? caption : "(null)", style});
-  return IDOK;
+  return PageSheetTest::messageAnswer;
 }
 
 BOOL WINAPI RecordBeep(UINT) {
@@ -28,6 +28,39 @@ LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM
   EXPECT_EQ(sheet, kSheetHandle);
   PageSheetTest::results.push_back({static_cast<LPARAM>(function), first, second});
   return 1;
+}
+
+// The walk through modal dialogs that is under way.
+struct DialogWalk {
+  HWND sheet;
+  std::vector<std::function<void(HWND)>> steps;
+  std::size_t done = 0;
+};
+DialogWalk* g_walk = nullptr;
+
+BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
+  char className[8] = "";
+  ::GetClassNameA(window, className, sizeof className);
+  if (window != g_walk->sheet && std::string_view(className) == "#32770" &&
+      ::IsWindowVisible(window) && ::IsWindowEnabled(window)) {
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+  }
+  return TRUE;
+}
+
+void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD) {
+  HWND dialog = nullptr;
+  ::EnumThreadWindows(::GetCurrentThreadId(), &FindDialog, reinterpret_cast<LPARAM>(&dialog));
+  if (dialog == nullptr) {
+    return;
+  }
+  if (g_walk->done < g_walk->steps.size()) {
+    g_walk->steps[g_walk->done++](dialog);
+  } else {
+    ADD_FAILURE() << "one dialog too many";
+    ::EndDialog(dialog, IDCANCEL);
+  }
 }
 
 // What the core driver's process does: the common controls are there, and the plug-in knows its
@@ -50,18 +83,20 @@ PageSheetTest::PageSheetTest()
     : box_(::GetModuleHandleA(nullptr), "MessageBoxA", &RecordMessage),
       beep_(::GetModuleHandleA(nullptr), "MessageBeep", &RecordBeep) {
   messages.clear();
+  messageAnswer = IDOK;
   beeps = 0;
   results.clear();
   // An item with the real number of options for every keyword.
   types_.resize(KW_MAX);
   for (KeywordId id = 0; id < KW_MAX; ++id) {
-    OPTITEM& item = items_.AddKeyword(id, 0);
+    OPTITEM& item = items_.AddKeyword(id, id == KW_COPIES ? 1 : 0);
     types_[id].cbSize = sizeof(OPTTYPE);
     types_[id].Count = static_cast<WORD>(GetOptionCodeList(id).size());
     item.pOptType = &types_[id];
     sheet_->items[id] = &item;
   }
   TakeItems();
+  SetSelections(KW_COPIES, 1, 1);
   sheet_->jobValues.SetDefaults();
   sheet_->hPrinter = reinterpret_cast<HANDLE>(0x77);
   sheet_->hComPropSheet = kSheetHandle;
@@ -146,6 +181,18 @@ bool PageSheetTest::CanApply() const {
 
 void PageSheetTest::Apply() const {
   ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(kApplyButton, BN_CLICKED), 0);
+}
+
+void PageSheetTest::Drive(std::vector<std::function<void(HWND)>> steps,
+                          const std::function<void()>& open) const {
+  constexpr UINT kTick = 10;  // milliseconds
+  DialogWalk walk{window_, std::move(steps)};
+  g_walk = &walk;
+  const UINT_PTR timer = ::SetTimer(nullptr, 0, kTick, &OnTick);
+  open();
+  ::KillTimer(nullptr, timer);
+  g_walk = nullptr;
+  EXPECT_EQ(walk.done, walk.steps.size());
 }
 
 INT_PTR PageSheetTest::Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const {

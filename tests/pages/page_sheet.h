@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ class PageSheetTest : public SheetTest {
  public:
   // What happened since the test began.
   static inline std::vector<ShownMessage> messages;
+  static inline int messageAnswer = IDOK;  // of the next ones
   static inline int beeps = 0;
   static inline std::vector<std::array<LPARAM, 3>> results;  // function, page handle, result
 
@@ -49,6 +51,10 @@ class PageSheetTest : public SheetTest {
   [[nodiscard]] bool IsChecked(int id) const;
   [[nodiscard]] bool CanApply() const;  // the sheet knows of a change
   void Apply() const;
+  // Does `open` and hands each dialog that it shows to the next of the steps, as soon as it is up;
+  // a step has to close its dialog. All of them must have come up.
+  void Drive(std::vector<std::function<void(HWND dialog)>> steps,
+             const std::function<void()>& open) const;
 
   // What the page procedure answers to a message.
   [[nodiscard]] INT_PTR Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const;
