@@ -147,9 +147,7 @@ bool PageFrame::InitComboBox(const ControlRow& row, PageSources& sources, std::u
   }
   FillList(list, row.kind == ControlKind::ExtendedList, names, *images);
   if (row.coding.itemData) {
-    for (std::size_t entry = 0; entry < names.size(); ++entry) {
-      ::SendMessageA(list, CB_SETITEMDATA, entry, static_cast<LPARAM>(entry + row.coding.first));
-    }
+    NumberEntries(list, row.coding.first);
   }
   if (row.coding.misfit == Misfit::Unselected && !isShown) {
     return false;
@@ -422,9 +420,7 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
       if (!entry || !row.coding.Stores(*entry)) {
         return std::nullopt;
       }
-      return row.coding.itemData
-                 ? static_cast<std::uint32_t>(::SendMessageA(list, CB_GETITEMDATA, *entry, 0))
-                 : *entry + row.coding.first;
+      return row.coding.itemData ? SelectedItemData(list) : *entry + row.coding.first;
     }
   }
 }

@@ -31,6 +31,10 @@ void FillList(HWND list, bool isExtended, std::span<std::string> names,
 
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;
+// Makes the item data of the entries `first`, `first` + 1 and so on.
+void NumberEntries(HWND list, std::uint32_t first) noexcept;
+// The item data of the selected entry; nothing as above.
+[[nodiscard]] std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept;
 // Selects the first entry with this item data; none: the selection stays.
 void SelectItemData(HWND list, std::uint32_t data) noexcept;
 
