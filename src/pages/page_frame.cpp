@@ -455,9 +455,7 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
           (row.pairing != nullptr && *entry >= row.pairing->pairs.size())) {
         return std::nullopt;
       }
-      return row.coding.itemData
-                 ? static_cast<std::uint32_t>(::SendMessageA(list, CB_GETITEMDATA, *entry, 0))
-                 : *entry + row.coding.first;
+      return row.coding.itemData ? SelectedItemData(list) : *entry + row.coding.first;
     }
   }
 }

@@ -90,6 +90,13 @@ std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept {
   return index >= 0 ? std::optional(static_cast<std::uint32_t>(index)) : std::nullopt;
 }
 
+std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept {
+  const auto entry = SelectedIndex(list);
+  return entry ? std::optional(
+                     static_cast<std::uint32_t>(::SendMessageA(list, CB_GETITEMDATA, *entry, 0)))
+               : std::nullopt;
+}
+
 void SelectItemData(HWND list, std::uint32_t data) noexcept {
   const LRESULT count = ::SendMessageA(list, CB_GETCOUNT, 0, 0);
   for (LRESULT entry = 0; entry < count; ++entry) {

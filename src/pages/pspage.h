@@ -31,6 +31,8 @@ void FillList(HWND list, bool isExtended, std::span<std::string> names, std::spa
 
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;
+// The item data of the selected entry; nothing as above.
+[[nodiscard]] std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept;
 // Selects the first entry with this item data; none: the selection stays.
 void SelectItemData(HWND list, std::uint32_t data) noexcept;
 

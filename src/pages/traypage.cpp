@@ -2,30 +2,168 @@
 
 #include <array>
 
+#include "pages/mediatypedlg.h"
+#include "pages/page_frame.h"
 #include "pages/page_images.h"
+#include "pages/pspage.h"
 #include "res/resource_ids.h"
 
 namespace zn {
 namespace {
 
-constexpr std::array kListImages{ListImages{IDC_TRAY_STAPLE, IDB_STAPLE},
-                                 ListImages{IDC_TRAY_PUNCH, IDB_PUNCH}};
+constexpr std::uint32_t kAutomaticSource = 0;
+constexpr std::uint32_t kBypassSource = 6;
 
-constexpr PageTable kTable{.controls = {},
-                           .codes = {},
+constexpr std::array kPageOrderRadios{IDC_TRAY_FORWARD_ORDER, IDC_TRAY_REVERSE_ORDER};
+
+// By option; the lists' images end with the warning icon.
+constexpr std::array<std::uint8_t, 22> kStapleImages{0, 1,  2,  3,  4,  5,  6,  7,  8,  9, 9,
+                                                     9, 10, 11, 12, 13, 14, 15, 16, 17, 1, 7};
+constexpr std::array<std::uint8_t, 16> kPunchImages{0, 1, 2, 3, 4,  1,  5,  6,
+                                                    7, 8, 5, 9, 10, 11, 12, 9};
+
+// ZNPunch and ZNPunchHoles by entry, and the way back. On purpose the two do not match for punch
+// option 13: it is stored, but not shown again.
+constexpr std::array<PairCoding::Pair, 16> kPunchPairs{{{0, 0},
+                                                        {1, 0},
+                                                        {2, 0},
+                                                        {3, 0},
+                                                        {4, 0},
+                                                        {13, 0},
+                                                        {1, 2},
+                                                        {2, 2},
+                                                        {3, 2},
+                                                        {4, 2},
+                                                        {13, 2},
+                                                        {1, 1},
+                                                        {2, 1},
+                                                        {3, 1},
+                                                        {4, 1},
+                                                        {13, 1}}};
+constexpr std::array<std::uint8_t, 18> kPunchEntries{0,  1,  2,  3, 4, 5, 0, 11, 12,
+                                                     13, 14, 15, 0, 6, 7, 8, 9,  10};
+constexpr PairCoding kPunchPairing{KW_PUNCHHOLES, kPunchPairs, kPunchEntries, 6};
+
+bool HasPageOrder(const SheetContext& sheet) {
+  return sheet.hasPageOrder;
+}
+
+constexpr std::array kControls{
+    // InitSource
+    ControlRow{.keyword = KW_SOURCE,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_TRAY_SOURCE_LABEL,
+               .id = IDC_TRAY_SOURCE,
+               .caption = Caption::CompanionColon,
+               .installed = Installed::Trays},
+    // InitOutputTray
+    ControlRow{.keyword = KW_OUTPUTTRAY,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_TRAY_OUTPUT_LABEL,
+               .id = IDC_TRAY_OUTPUT,
+               .caption = Caption::CompanionColon,
+               .installed = Installed::Outputs,
+               .redraws = true},
+    // InitJog
+    ControlRow{.keyword = KW_JOG,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_TRAY_JOG_LABEL,
+               .id = IDC_TRAY_JOG,
+               .caption = Caption::CompanionColon,
+               .redraws = true},
+    // UpdateSort
+    ControlRow{.keyword = KW_COLLATE,
+               .kind = ControlKind::CheckBox,
+               .id = IDC_TRAY_COLLATE,
+               .caption = Caption::CompanionColon,
+               .redraws = true},
+    // InitStaple, UpdateStaple, ApplyStaple
+    ControlRow{.keyword = KW_STAPLE,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_TRAY_STAPLE_LABEL,
+               .id = IDC_TRAY_STAPLE,
+               .caption = Caption::CompanionColon,
+               .images = {IDB_STAPLE, kStapleImages},
+               .installed = Installed::Staples,
+               .restriction = restriction::kStaple,
+               .redraws = true},
+    // InitPunch, ApplyPunch
+    ControlRow{.keyword = KW_PUNCH,
+               .kind = ControlKind::ExtendedList,
+               .label = IDC_TRAY_PUNCH_LABEL,
+               .id = IDC_TRAY_PUNCH,
+               .caption = Caption::CompanionColon,
+               .images = {IDB_PUNCH, kPunchImages},
+               .installed = Installed::Punches,
+               .pairing = &kPunchPairing,
+               .restriction = restriction::kPunch,
+               .redraws = true},
+    // ApplyPageOrder
+    ControlRow{.keyword = KW_PAGEORDER,
+               .kind = ControlKind::Radios,
+               .label = IDC_TRAY_PAGE_ORDER_GROUP,
+               .radios = kPageOrderRadios,
+               .caption = Caption::Companion,
+               .click = RadioClick::ClickedIfChecked,
+               .present = &HasPageOrder,
+               .redraws = true},
+};
+
+constexpr std::array<KeywordId, 7> kShowOrder{KW_SOURCE,  KW_OUTPUTTRAY, KW_JOG,  KW_PAGEORDER,
+                                              KW_COLLATE, KW_STAPLE,     KW_PUNCH};
+
+constexpr std::array<KeywordId, 8> kPaperSettings{
+    KW_AUTOTRAYSETTINGTOBYPASS, KW_MEDIATYPEBYPASS, KW_MEDIATYPEWEIGHTBYPASS, KW_PAPERCOLORBYPASS,
+    KW_MANUALFEEDDUPLEX,        KW_ZNMEDIATYPE,     KW_MEDIATYPEWEIGHT,       KW_PAPERCOLOR};
+
+// Settings of a source that is not the chosen one: asks whether it shall be. They can be made all
+// the same.
+template <class Dialog>
+void EditPaperSettings(PageFrame& page, std::uint32_t source, UINT question) {
+  SheetContext& sheet = page.Sheet();
+  if (sheet.Current(KW_SOURCE) != source &&
+      ShowMessage(page.Window(), question, IDS_WARNING_CAPTION, MB_YESNO | MB_ICONINFORMATION) ==
+          IDYES) {
+    sheet.SetCurrent(KW_SOURCE, source);
+    page.Show(KW_SOURCE);
+  }
+  if (Dialog(sheet, &ThePlugInContext()).DoModal() == IDOK) {
+    page.Show(KW_SOURCE);
+  }
+}
+
+void OnMediaTypeBypass(PageFrame& page) {
+  EditPaperSettings<CMediaTypeBypassTrayDlgMarzipan>(page, kBypassSource, IDS_QUESTION_USE_BYPASS);
+}
+
+void OnMediaType(PageFrame& page) {
+  EditPaperSettings<CMediaTypeDlgAutoTrayMarzipan>(page, kAutomaticSource,
+                                                   IDS_QUESTION_USE_AUTO_TRAY);
+}
+
+constexpr std::array kButtons{
+    ButtonRow{.id = IDC_TRAY_BYPASS_SETTINGS, .press = &OnMediaTypeBypass},
+    ButtonRow{.id = IDC_TRAY_AUTO_SETTINGS, .press = &OnMediaType},
+};
+
+constexpr std::array<WORD, 3> kCommandCodes{BN_CLICKED, CBN_SELCHANGE, EN_CHANGE};
+constexpr PageTable kTable{.controls = kControls,
+                           .codes = kCommandCodes,
                            .answerToOtherCodes = 0,
                            .restoreButton = IDC_RESTORE_DEFAULTS,
-                           .restoringIsAChange = false};
+                           .restoringIsAChange = false,
+                           .buttons = kButtons,
+                           .showOrder = kShowOrder,
+                           .alsoRestored = kPaperSettings};
 
 }  // namespace
 
 int CTrayPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
-  AttachImages(window_, kListImages);
   return Initialize(AttachSheet(page), false);
 }
 
-int CTrayPageDlg::OnCommand(WORD /*notifyCode*/, WORD /*controlId*/, HWND /*control*/) {
-  return 0;
+int CTrayPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {
+  return Command(kTable, notifyCode, controlId);
 }
 
 int CTrayPageDlg::OnSetActive() {
@@ -36,8 +174,9 @@ int CTrayPageDlg::OnKillActive() {
   return Commit();
 }
 
-int CTrayPageDlg::Initialize(SheetContext* sheet, bool /*useDefault*/) {
-  return sheet != nullptr;
+int CTrayPageDlg::Initialize(SheetContext* sheet, bool useDefault) {
+  LoadWarningImage();
+  return Fill(kTable, sheet, useDefault);
 }
 
 }  // namespace zn
