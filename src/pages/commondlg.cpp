@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pages/page_frame.h"
+#include "res/resource_ids.h"
 #include "session/session.h"
 
 namespace zn {
@@ -136,6 +137,13 @@ int CCommonDlg::Command(const PageTable& table, WORD notifyCode, WORD controlId)
     NotifyChanged();
   }
   return result;
+}
+
+int CCommonDlg::DrawIllustrationOf(const PageTable& table, UINT controlId,
+                                   const DRAWITEMSTRUCT* item) const {
+  const SheetContext* sheet = Sheet();
+  return sheet != nullptr && item != nullptr && controlId == IDC_ILLUSTRATION &&
+         table.illustration && DrawIllustration(*item, *sheet, *table.illustration);
 }
 
 void CCommonDlg::NotifyChanged() const noexcept {

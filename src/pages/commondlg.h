@@ -46,6 +46,7 @@ class CCommonDlg {
   int Activate(const PageTable& table) const;
   int Commit() const;
   int Command(const PageTable& table, WORD notifyCode, WORD controlId);
+  int DrawIllustrationOf(const PageTable& table, UINT controlId, const DRAWITEMSTRUCT* item) const;
   void MakeActivePage(SheetContext& sheet) const noexcept { sheet.activePage = window_; }
   [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
   // Tells the sheet that there is something to apply.

@@ -79,6 +79,7 @@ bool PageFrame::Fill(bool useDefault) {
     }
   }
   EnableControls();
+  RedrawIllustration();
   return isFilled;
 }
 
@@ -470,8 +471,8 @@ void PageFrame::ResolveRestrictions(const ControlRow& row, PairCoding::Pair befo
 }
 
 void PageFrame::RedrawIllustration() {
-  if (const HWND illustration = Item(IDC_ILLUSTRATION)) {
-    ::InvalidateRect(illustration, nullptr, FALSE);
+  if (table_.illustration) {
+    ShowIllustration(page_, sheet_, *table_.illustration);
   }
 }
 

@@ -87,6 +87,16 @@ int SetWarningIndex(std::span<const std::uint32_t> availableFlags, std::span<int
   return marked;
 }
 
+bool ShowsWarning(HWND list, int entry) noexcept {
+  const auto images = reinterpret_cast<HIMAGELIST>(::SendMessageA(list, CBEM_GETIMAGELIST, 0, 0));
+  COMBOBOXEXITEMA item{};
+  item.mask = CBEIF_IMAGE;
+  item.iItem = entry;
+  return images != nullptr &&
+         ::SendMessageA(list, CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item)) != 0 &&
+         item.iImage == ::ImageList_GetImageCount(images) - 1;
+}
+
 void AttachImages(HWND page, std::span<const ListImages> lists) {
   for (const auto& [listId, bitmapId] : lists) {
     ::SendDlgItemMessageA(page, listId, CBEM_SETIMAGELIST, 0,

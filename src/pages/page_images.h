@@ -26,6 +26,9 @@ const WarningImages& LoadWarningImage();
 int SetWarningIndex(std::span<const std::uint32_t> availableFlags, std::span<int> imageIndices,
                     HIMAGELIST imageList) noexcept;
 
+// Whether an entry of an extended list carries the last image of its list, the warning.
+[[nodiscard]] bool ShowsWarning(HWND list, int entry) noexcept;
+
 // Gives extended lists their images; a list gets the height that it needs for them.
 struct ListImages {
   int listId;

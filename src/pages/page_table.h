@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 
+#include "pages/illustration.h"
 #include "session/restriction.h"
 #include "session/sheet_context.h"
 
@@ -137,7 +138,8 @@ struct PageTable {
   int restoreButton;
   bool restoringIsAChange;  // it reports one to the sheet
   std::span<const ButtonRow> buttons = {};
-  bool readsOnlyWhileActive = false;          // controls of a page that is not shown are not read
+  bool readsOnlyWhileActive = false;  // controls of a page that is not shown are not read
+  std::optional<IllustrationKind> illustration = std::nullopt;
   std::span<const KeywordId> showOrder = {};  // in which Show shows the controls; else as filled
   // What follows a change of the page's settings: one that the user made, or restoring them.
   void (*changed)(PageFrame& page) = nullptr;

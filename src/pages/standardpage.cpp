@@ -200,6 +200,7 @@ constexpr PageTable kTable{.controls = kControls,
                            .restoreButton = IDC_RESTORE_DEFAULTS,
                            .restoringIsAChange = false,
                            .buttons = kButtons,
+                           .illustration = IllustrationKind::Layout,
                            .showOrder = kShowOrder,
                            .changed = &ShowChange};
 
@@ -243,6 +244,7 @@ int CStandardPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   if (sheet == nullptr) {
     return 0;
   }
+  AttachIllustration(window_);
   // Stays loaded until the page is filled.
   const CompanionModule companion(sheet->hPrinter);
   CreatePrintOptionList(companion);
@@ -292,6 +294,10 @@ int CStandardPageDlg::OnKillActive() {
 
 int CStandardPageDlg::Initialize(SheetContext* sheet, bool useDefault) {
   return Fill(kTable, sheet, useDefault);
+}
+
+int CStandardPageDlg::OnDrawItem(UINT controlId, DRAWITEMSTRUCT* item) {
+  return DrawIllustrationOf(kTable, controlId, item);
 }
 
 int CStandardPageDlg::OnUser(UINT message, WPARAM /*wParam*/, LPARAM lParam) {

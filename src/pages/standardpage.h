@@ -14,6 +14,7 @@ class CStandardPageDlg : public CCommonDlg {
   int OnSetActive() override;
   int OnKillActive() override;
   int Initialize(SheetContext* sheet, bool useDefault) override;
+  int OnDrawItem(UINT controlId, DRAWITEMSTRUCT* item) override;
   int OnUser(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

@@ -153,13 +153,19 @@ constexpr PageTable kTable{.controls = kControls,
                            .restoreButton = IDC_RESTORE_DEFAULTS,
                            .restoringIsAChange = false,
                            .buttons = kButtons,
+                           .illustration = IllustrationKind::Output,
                            .showOrder = kShowOrder,
                            .alsoRestored = kPaperSettings};
 
 }  // namespace
 
 int CTrayPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
-  return Initialize(AttachSheet(page), false);
+  SheetContext* sheet = AttachSheet(page);
+  if (sheet == nullptr) {
+    return 0;
+  }
+  AttachIllustration(window_);
+  return Initialize(sheet, false);
 }
 
 int CTrayPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {
@@ -177,6 +183,10 @@ int CTrayPageDlg::OnKillActive() {
 int CTrayPageDlg::Initialize(SheetContext* sheet, bool useDefault) {
   LoadWarningImage();
   return Fill(kTable, sheet, useDefault);
+}
+
+int CTrayPageDlg::OnDrawItem(UINT controlId, DRAWITEMSTRUCT* item) {
+  return DrawIllustrationOf(kTable, controlId, item);
 }
 
 }  // namespace zn

@@ -14,6 +14,7 @@ class CTrayPageDlg : public CCommonDlg {
   int OnSetActive() override;
   int OnKillActive() override;
   int Initialize(SheetContext* sheet, bool useDefault) override;
+  int OnDrawItem(UINT controlId, DRAWITEMSTRUCT* item) override;
 };
 
 }  // namespace zn

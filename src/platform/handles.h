@@ -15,6 +15,8 @@ using UniqueKey = Unique<HKEY, &::RegCloseKey>;
 using UniquePrinter = Unique<HANDLE, &::ClosePrinter>;
 using UniqueModule = Unique<HMODULE, &::FreeLibrary>;
 using UniqueBitmap = Unique<HBITMAP, &::DeleteObject>;
+using UniqueFont = Unique<HFONT, &::DeleteObject>;
+using UniqueMemoryDC = Unique<HDC, &::DeleteDC>;
 using UniqueImageList = Unique<HIMAGELIST, &::ImageList_Destroy>;
 
 }  // namespace zn

@@ -19,20 +19,39 @@ constexpr int kMaxForms = 4096;
 
 std::unique_ptr<char[]> g_formNames;
 std::uint32_t g_formCount = 0;
+std::unique_ptr<POINT[]> g_formSizes;  // as many as names, or null
 
 int AskNames(const char* printerName, char* names) noexcept {
   return ::DeviceCapabilitiesA(printerName, nullptr, DC_PAPERNAMES, names, nullptr);
 }
 
+int AskSizes(const char* printerName, POINT* sizes) noexcept {
+  return ::DeviceCapabilitiesA(printerName, nullptr, DC_PAPERSIZE, reinterpret_cast<LPSTR>(sizes),
+                               nullptr);
+}
+
+// None at all when there are not as many as names: they would belong to other forms.
+void LoadFormSizes(const char* printerName) noexcept {
+  g_formSizes.reset();
+  if (AskSizes(printerName, nullptr) != static_cast<int>(g_formCount)) {
+    return;
+  }
+  g_formSizes.reset(new (std::nothrow) POINT[g_formCount]());
+  if (g_formSizes && AskSizes(printerName, g_formSizes.get()) != static_cast<int>(g_formCount)) {
+    g_formSizes.reset();
+  }
+}
+
 }  // namespace
 
-void LoadFormNames(const char* printerName) noexcept {
+void LoadForms(const char* printerName) noexcept {
   const int count = std::min(AskNames(printerName, nullptr), kMaxForms);
   if (count <= 0) {
     return;
   }
   g_formCount = 0;
   g_formNames.reset();
+  g_formSizes.reset();
   const std::size_t size = static_cast<std::size_t>(count) * kBytesPerName;
   g_formNames.reset(new (std::nothrow) char[size]());
   if (!g_formNames) {
@@ -48,6 +67,7 @@ void LoadFormNames(const char* printerName) noexcept {
     // A name may fill its 64 bytes to the last.
     g_formNames[form * kNameSize + kNameSize - 1] = '\0';
   }
+  LoadFormSizes(printerName);
 }
 
 std::uint32_t GetFormsCount() noexcept {
@@ -62,6 +82,16 @@ int GetFormsInfo(std::uint32_t index, const char** name) noexcept {
   }
   *name = g_formNames.get() + index * kNameSize;
   return 1;
+}
+
+FormSize GetFormSize(std::uint32_t index) noexcept {
+  if (!g_formSizes || index >= g_formCount) {
+    return {0, 0};
+  }
+  const POINT& size = g_formSizes[index];
+  return size.x > 0 && size.y > 0
+             ? FormSize{static_cast<std::uint32_t>(size.x), static_cast<std::uint32_t>(size.y)}
+             : FormSize{0, 0};
 }
 
 }  // namespace zn

@@ -27,7 +27,7 @@ void TakePrinterInfo(SheetContext& sheet, const PrinterInfo2& info) noexcept {
   sheet.rawOnly = (info->Attributes & PRINTER_ATTRIBUTE_RAW_ONLY) == 0;  // set when it is lacking
   CopyText(sheet.driverName, info->pDriverName != nullptr ? info->pDriverName : "");
   if (info->pPrinterName != nullptr) {
-    LoadFormNames(info->pPrinterName);
+    LoadForms(info->pPrinterName);
   }
 }
 

@@ -174,16 +174,24 @@ TEST_F(SetupTest, StoredSettingsAreUsedAsFarAsTheyCanBeTrusted) {
   }
 }
 
-// Two papers, the first with a name that fills its 64 bytes.
-int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD, LPSTR names, const DEVMODEA*) {
-  if (names != nullptr) {
-    std::memset(names, 'p', 64);
-    std::memcpy(names + 64, "second", sizeof "second");
+// Two papers, the first with a name that fills its 64 bytes, and a size for each or for one only.
+int g_sizes = 2;
+int WINAPI FakeDeviceCapabilities(LPCSTR, LPCSTR, WORD what, LPSTR out, const DEVMODEA*) {
+  if (what == DC_PAPERSIZE) {
+    if (out != nullptr) {
+      const POINT sizes[2] = {{1000, 1480}, {-1, 2970}};
+      std::memcpy(out, sizes, static_cast<std::size_t>(g_sizes) * sizeof *sizes);
+    }
+    return g_sizes;
+  }
+  if (out != nullptr) {
+    std::memset(out, 'p', 64);
+    std::memcpy(out + 64, "second", sizeof "second");
   }
   return 2;
 }
 
-TEST_F(SetupTest, FormNamesAreThePrintersPapers) {
+TEST_F(SetupTest, FormsAreThePrintersPapers) {
   const auto form = [](std::uint32_t index) {
     const char* name = "no table";
     GetFormsInfo(index, &name);
@@ -192,11 +200,18 @@ TEST_F(SetupTest, FormNamesAreThePrintersPapers) {
   SetUpSession();
   EXPECT_EQ(GetFormsCount(), 3u);
   EXPECT_EQ(form(2), "B5");
+  EXPECT_NEAR(GetFormSize(2).height, 2570, 5);
   const ImportPatch papers(::GetModuleHandleA(nullptr), "DeviceCapabilitiesA",
                            &FakeDeviceCapabilities);
   SetUpSession();
   EXPECT_EQ(form(0), std::string(63, 'p'));
   EXPECT_EQ(form(1), "second");
+  EXPECT_EQ(GetFormSize(0).height, 1480u);
+  EXPECT_EQ(GetFormSize(1).height, 0u) << "negative";
+  EXPECT_EQ(GetFormSize(2).height, 0u) << "no such form";
+  g_sizes = 1;
+  SetUpSession();
+  EXPECT_EQ(GetFormSize(0).height, 0u) << "whose size it is, is open";
 }
 
 TEST_F(SetupTest, JobValuesComeFromTheSheetsBlock) {

@@ -1,0 +1,100 @@
+#include "pages/illustration.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "pages/job_painter.h"
+#include "pages/job_picture.h"
+#include "pages/job_sentence.h"
+#include "pages/tips.h"
+#include "platform/format_text.h"
+#include "platform/handles.h"
+#include "platform/resources.h"
+#include "res/resource_ids.h"
+#include "session/forms.h"
+
+namespace zn {
+namespace {
+
+// The custom size is the last form; its lengths are thousandths of a millimetre.
+PaperSize DocumentPaper(const SheetContext& sheet) noexcept {
+  const std::uint32_t form = LOWORD(sheet.Current(KW_PAGESIZE));
+  if (const std::uint32_t count = GetFormsCount(); count > 0 && form == count - 1) {
+    constexpr std::uint32_t kPerTenth = 100;
+    return {sheet.Current(KW_CUSTOMPAPERWIDTH) / kPerTenth,
+            sheet.Current(KW_CUSTOMPAPERHEIGHT) / kPerTenth};
+  }
+  const auto [width, height] = GetFormSize(form);
+  return {width, height};
+}
+
+JobPicture Describe(const SheetContext& sheet) {
+  return DescribeJob(sheet.options, DocumentPaper(sheet), sheet.hasPageOrder);
+}
+
+std::string ControlText(HWND control) {
+  std::array<char, 1024> text{};
+  ::GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+// What the picture itself says below the sheet.
+std::string Caption(HWND page, const SheetContext& sheet, const JobPicture& picture) {
+  const std::string paper = OutputPaperName(page, sheet);
+  return picture.copies > 1 ? FillIn(LoadResourceString(IDS_PICTURE_CAPTION_COPIES),
+                                     {paper, std::to_string(picture.copies)})
+                            : paper;
+}
+
+}  // namespace
+
+void AttachIllustration(HWND page) {
+  MakeTips(page);
+}
+
+void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kind) {
+  const HWND illustration = ::GetDlgItem(page, IDC_ILLUSTRATION);
+  if (illustration == nullptr) {
+    return;
+  }
+  const std::string sentence = kind == IllustrationKind::Layout
+                                   ? LayoutSentence(page, sheet, Describe(sheet))
+                                   : OutputSentence(page, sheet);
+  // A screen reader hears of every text that is set.
+  if (sentence != ControlText(illustration)) {
+    ::SetWindowTextA(illustration, sentence.c_str());
+    SetTip(page, illustration, sentence);
+  }
+  ::InvalidateRect(illustration, nullptr, FALSE);
+}
+
+bool DrawIllustration(const DRAWITEMSTRUCT& item, const SheetContext& sheet,
+                      IllustrationKind kind) {
+  const int width = item.rcItem.right - item.rcItem.left;
+  const int height = item.rcItem.bottom - item.rcItem.top;
+  if (item.hDC == nullptr || width <= 0 || height <= 0) {
+    return false;
+  }
+  // Drawn aside and copied at once, so that nothing flickers.
+  const UniqueMemoryDC memory(::CreateCompatibleDC(item.hDC));
+  const UniqueBitmap bitmap(::CreateCompatibleBitmap(item.hDC, width, height));
+  if (!memory || !bitmap) {
+    return false;
+  }
+  const HGDIOBJ before = ::SelectObject(memory.get(), bitmap.get());
+  {
+    const JobPicture picture = Describe(sheet);
+    JobPainter painter(memory.get(), item.hwndItem, {0, 0, width, height});
+    if (kind == IllustrationKind::Layout) {
+      painter.DrawLayout(picture, Caption(::GetParent(item.hwndItem), sheet, picture));
+    } else {
+      painter.DrawOutput(picture);
+    }
+  }
+  ::BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, width, height, memory.get(), 0, 0, SRCCOPY);
+  ::SelectObject(memory.get(), before);
+  return true;
+}
+
+}  // namespace zn

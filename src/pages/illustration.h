@@ -1,0 +1,26 @@
+// The illustrations of the basic page and of the tray and output page: what the job will look like,
+// drawn, in words (the control's text) and as a tooltip.
+#pragma once
+
+#include <windows.h>
+
+#include "session/sheet_context.h"
+
+namespace zn {
+
+enum class IllustrationKind : std::uint8_t {
+  Layout,  // the sheet of paper with the pages on it, the number of copies
+  Output,  // staples, holes, order and offset of the printed sheets
+};
+
+// Once, when the page is initialised.
+void AttachIllustration(HWND page);
+
+// Shows the current selections: to be called after every change and when the page is shown, once
+// its lists show the selections. Reads nothing but the sheet and the lists.
+void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kind);
+
+// False when there is nothing to draw into.
+bool DrawIllustration(const DRAWITEMSTRUCT& item, const SheetContext& sheet, IllustrationKind kind);
+
+}  // namespace zn
