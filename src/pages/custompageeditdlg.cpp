@@ -162,6 +162,7 @@ bool CCustomPageEditDlg::ApplyValues() {
     return false;
   }
   // A copy: the question takes the focus from an edit, which then repairs the dialog's own size.
+  // Its limits are found anew, since Enter leaves the edit without that.
   CustomSize entered = size_;
   for (const Dimension dimension : kDimensions) {
     entered.Set(dimension, Entered(dimension));

@@ -40,7 +40,7 @@ class BasicPage : public PageSheetTest {
  protected:
   BasicPage() {
     g_documents = documents_.Path();
-    LoadFormNames("printer");
+    LoadForms("printer");
     for (KeywordId id = 0; id < KW_MAX; ++id) {
       SetSelections(id, 0, 0);
     }
