@@ -54,56 +54,6 @@ TEST_F(Controls, ListShowsCompanionNamesWithImages) {
   EXPECT_EQ(Current(KW_COLORMODEL), 0u);
 }
 
-// Lists of the tray page: marks from the device profile, 16 entries of punch whatever the session
-// has, none of a keyword that the printer lacks.
-constexpr std::array kTrayControls{
-    ControlRow{.keyword = KW_OUTPUTTRAY,
-               .kind = ControlKind::ExtendedList,
-               .label = IDC_TRAY_OUTPUT_LABEL,
-               .id = IDC_TRAY_OUTPUT,
-               .installed = Installed::Outputs},
-    ControlRow{.keyword = KW_PUNCH,
-               .kind = ControlKind::ExtendedList,
-               .label = IDC_TRAY_PUNCH_LABEL,
-               .id = IDC_TRAY_PUNCH,
-               .images = {IDB_PUNCH},
-               .installed = Installed::Punches},
-    ControlRow{.keyword = KW_JOG,
-               .kind = ControlKind::ExtendedList,
-               .label = IDC_TRAY_JOG_LABEL,
-               .id = IDC_TRAY_JOG},
-    ControlRow{.keyword = KW_STAPLE, .kind = ControlKind::ExtendedList, .label = 9999, .id = 9999},
-};
-constexpr std::array<WORD, 1> kSelectionCode{CBN_SELCHANGE};
-constexpr PageTable kTrayTable{kTrayControls, kSelectionCode, 0, 0, false};
-
-TEST_F(Controls, OptionsThatTheDeviceLacksAreMarked) {
-  types_[KW_OUTPUTTRAY].Count = 5;
-  sheet_->items[KW_JOG] = nullptr;
-  const TempFolder folder;
-  folder.Write("device.cps", "HasOption_OutputTray_StackerTray=true\n");
-  SetDeviceProfile(*sheet_, "device");
-  Open(kTrayPage);
-  FakeDriverPath::data = folder.Path("driver.ppd");
-  PageFrame frame(Page(), *sheet_, kTrayTable);
-  EXPECT_FALSE(frame.Fill(false)) << "the last control is on no page";
-  const std::array marks{I_IMAGENONE, I_IMAGENONE, 0, 0, 0};
-  for (int entry = 0; entry < 5; ++entry) {
-    EXPECT_EQ(Entry(IDC_TRAY_OUTPUT, entry).iImage, marks[static_cast<std::size_t>(entry)]);
-  }
-  EXPECT_EQ(Count(IDC_TRAY_PUNCH), 16);
-  EXPECT_EQ(Entry(IDC_TRAY_PUNCH, 15).iImage,
-            ::ImageList_GetImageCount(SharedImages(IDB_PUNCH)) - 1);
-  EXPECT_EQ(Count(IDC_TRAY_JOG), 0);
-  sheet_->SetCurrent(KW_JOG, 7);
-  frame.Command(CBN_SELCHANGE, IDC_TRAY_JOG);  // nothing is selected
-  EXPECT_EQ(Current(KW_JOG), 7u);
-  // With everything installed there are no marks at all.
-  FakeDriverPath::data.clear();
-  EXPECT_FALSE(frame.Fill(false));
-  EXPECT_EQ(::SendMessageA(Control(IDC_TRAY_OUTPUT), CBEM_GETIMAGELIST, 0, 0), 0);
-}
-
 // Lists with images are higher than others.
 TEST_F(Controls, LabelsStandBesideTheMiddleOfTheirLists) {
   constexpr int kTolerance = 2;  // pixels
