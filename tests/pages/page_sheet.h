@@ -39,7 +39,7 @@ class PageSheetTest : public SheetTest {
 
   // Turns to a page as the user does; false when the page shown refuses to be left.
   bool Activate(PageIndex page);
-  [[nodiscard]] HWND Page() const;  // the page shown
+  [[nodiscard]] virtual HWND Page() const;  // the page shown
   [[nodiscard]] HWND Control(int id) const { return ::GetDlgItem(Page(), id); }
   [[nodiscard]] std::string Text(int id) const;
 
