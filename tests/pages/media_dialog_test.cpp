@@ -153,7 +153,7 @@ TEST_F(MediaDialog, EnablesWhatTheTypeAndTheBoxLeaveToChoose) {
   FakeDriverPath::path.clear();  // entries without names are entries, too
   sheet_->SetCurrent(KW_MEDIATYPEBYPASS, 6);
   sheet_->SetCurrent(KW_AUTOTRAYSETTINGTOBYPASS, 1);
-  Run(true, [this] {
+  const INT_PTR result = Run(true, [this] {
     EXPECT_EQ(Enabled(), (Flags{false, false, false, false}));
     Click(IDC_MEDIA_TAKE_OVER);
     EXPECT_EQ(Enabled(), (Flags{true, false, false, true}));
@@ -162,7 +162,10 @@ TEST_F(MediaDialog, EnablesWhatTheTypeAndTheBoxLeaveToChoose) {
     EXPECT_EQ(Count(IDC_MEDIA_WEIGHT), 3);
     Click(IDC_RESTORE_DEFAULTS);
     EXPECT_EQ(Enabled(), (Flags{false, true, false, false}));
+    ::DestroyWindow(Control(IDC_MEDIA_MANUAL_DUPLEX));
+    Click(IDOK);
   });
+  EXPECT_EQ(result, IDCANCEL) << "closed with a control missing";
 }
 
 TEST_F(MediaDialog, CompanionAndDeviceNameThePaper) {
