@@ -46,7 +46,8 @@ class CMediaTypeDlg {
   void ShowDefaults(PageSources& sources) const;
   // Fills the list of weights for the selected type; does nothing when none is selected.
   void UpdateMediaTypeWeight(PageSources& sources, bool useDefault) const;
-  // Lists that are empty, or that the automatic tray's settings take the place of, are disabled.
+  // Disables the list of weights while it is empty, and all lists while the automatic tray's
+  // settings take their place.
   void EnableLists() const;
   [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
 

@@ -22,9 +22,6 @@ class Controls : public PageSheetTest {
     ::SendMessageA(Control(listId), CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&entry));
     return entry;
   }
-  [[nodiscard]] LRESULT Count(int listId) const {
-    return ::SendMessageA(Control(listId), CB_GETCOUNT, 0, 0);
-  }
 };
 
 // A list with images as a page has it, on the template of the basic page.

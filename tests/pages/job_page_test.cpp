@@ -81,7 +81,7 @@ TEST_F(JobPage, TextsComeFromTheCompanionModule) {
   entry.cchTextMax = sizeof text;
   ::SendMessageA(Control(IDC_JOB_COLOR_MODE), CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&entry));
   EXPECT_EQ(text, Japanese("白黒"));
-  EXPECT_EQ(::SendMessageA(Control(IDC_JOB_PRINTER_MODE), CB_GETCOUNT, 0, 0), 5);
+  EXPECT_EQ(Count(IDC_JOB_PRINTER_MODE), 5);
 }
 
 TEST_F(JobPage, WithoutCompanionTheTemplateTextsStay) {
@@ -315,7 +315,7 @@ TEST_F(PrintOptions, OkTakesSettingsAndProfileBack) {
   OpenAndAnswer("ok;CL_CMODE=0;CL_PMODE=5;SP_SPOPT=2;profile=ZN5050B");
   EXPECT_EQ(Selections(), (Values{1, 4, 2}));
   EXPECT_EQ(Shown(), (Indexes{1, 4, 2}));
-  EXPECT_EQ(::SendMessageA(Control(IDC_JOB_COLOR_MODE), CB_GETCOUNT, 0, 0), 2);
+  EXPECT_EQ(Count(IDC_JOB_COLOR_MODE), 2);
   EXPECT_EQ(DeviceProfileOf(*sheet_), "ZN5050B");
 }
 

@@ -48,6 +48,9 @@ class PageSheetTest : public SheetTest {
   void Click(int id) const;
   void Choose(int listId, int index) const;  // selects an entry as the user does
   [[nodiscard]] int Selected(int listId) const;
+  [[nodiscard]] LRESULT Count(int listId) const {
+    return ::SendMessageA(Control(listId), CB_GETCOUNT, 0, 0);
+  }
   [[nodiscard]] bool IsChecked(int id) const;
   [[nodiscard]] bool CanApply() const;  // the sheet knows of a change
   void Apply() const;

@@ -72,7 +72,7 @@ TEST_F(WatermarkPage, OffDisablesAndKeepsWhatIsStored) {
 TEST_F(WatermarkPage, RadiosAndListAreOneChoice) {
   SetCurrents({1, 1, 0, 4});
   Open(kWatermarkPage);
-  EXPECT_EQ(::SendMessageA(Control(IDC_WATERMARK_NUMBER), CB_GETCOUNT, 0, 0), 100);
+  EXPECT_EQ(Count(IDC_WATERMARK_NUMBER), 100);
   EXPECT_EQ(Shown(), (Entries{0, 0, 4, 4}));
   for (const int position : {0, 3, 1, 4, 2}) {
     // Whatever the radio says of itself, it is the one that was clicked.
@@ -118,7 +118,7 @@ TEST_F(WatermarkPage, StoredValuesBeyondTheirListsStayAndChooseNothing) {
     SetCurrents(row.stored);
     Open(kWatermarkPage);
     EXPECT_EQ(Shown(), row.shown) << row.stored[1] << ' ' << row.stored[2] << ' ' << row.stored[3];
-    EXPECT_EQ(::SendMessageA(Control(IDC_WATERMARK_POSITION), CB_GETCOUNT, 0, 0), row.positions);
+    EXPECT_EQ(Count(IDC_WATERMARK_POSITION), row.positions);
     EXPECT_EQ(Currents(), row.stored);
     EXPECT_EQ(Command(BN_CLICKED, IDC_WATERMARK_RESTORE_DEFAULTS), 1);
     EXPECT_EQ(Currents(), kDefaults);
