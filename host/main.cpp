@@ -61,6 +61,7 @@ int Run(Words words) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  ::SetProcessDPIAware();  // as what shows printing preferences does
   const INITCOMMONCONTROLSEX controls = {
       sizeof controls, ICC_WIN95_CLASSES | ICC_USEREX_CLASSES | ICC_STANDARD_CLASSES};
   ::InitCommonControlsEx(&controls);

@@ -115,7 +115,7 @@ void JobPainter::DrawSheets(const JobPicture& picture, const RECT& bounds) {
     area.right -= behind * step;
     area.bottom -= behind * step;
     const Paper paper = FitSheet(picture, area);
-    for (int copy = behind; copy > 0; --copy) {
+    for (int copy = side == Side::Front ? behind : 0; copy > 0; --copy) {
       DrawBlankSheet(Moved(paper.place, copy * step, copy * step));
     }
     DrawSide(picture, paper, side, true);
@@ -159,7 +159,9 @@ void JobPainter::DrawPage(const JobPicture& picture, const RECT& page, int numbe
   const int height = Height(page);
   const int direction = picture.isUpsideDown ? -1 : 1;
   const POINT middle = Center(page);
-  const int digits = number < 10 ? 1 : 2;
+  // All numbers have the size of the longest one.
+  const auto highest = picture.pages.size() * (picture.turn != Edge::None ? 2 : 1);
+  const int digits = highest < 10 ? 1 : 2;
   const int size = std::min({height * 2 / 5, width * 7 / (8 * digits), Scaled(40)});
   Number({middle.x, middle.y - (withContent ? direction * height / 7 : 0)}, size, number,
          picture.isUpsideDown, withContent ? kInk : kFaint);
@@ -252,8 +254,9 @@ void JobPainter::DrawRow(const JobPicture& picture, const RECT& bounds) {
         picture.shift == Shift::Job || (picture.shift == Shift::Groups && isOddGroup);
     const RECT sheet = Moved(place, index * step, isShifted ? shift : 0);
     DrawBlankSheet(sheet);
-    const POINT strip{sheet.right - step / 2, sheet.top + Height(sheet) / 4};
-    Number(strip, std::min(step, Height(sheet) / 2), picture.sheets[index], false, kInk);
+    const int size = std::min(step, Height(sheet) / 2);
+    Number({sheet.right - step / 2, sheet.top + size / 2 + Scaled(4)}, size, picture.sheets[index],
+           false, kInk);
   }
 }
 

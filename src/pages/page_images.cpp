@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 #include "platform/resources.h"
 #include "res/resource_ids.h"
@@ -25,33 +26,93 @@ constexpr std::array kStrips{
     ImageStrip{IDB_PUNCH, 24, true},       ImageStrip{IDB_STAPLE, 24, true},
 };
 
+// Bitmaps are drawn for 100 and 150 percent; from 200 percent on the pixels of the first are
+// repeated, which leaves them as crisp as they are.
+struct ImageScale {
+  int size24;     // what 24 pixels become
+  UINT idOffset;  // of the bitmap
+  int times;      // how often a pixel is repeated
+};
+
+ImageScale ScreenScale() noexcept {
+  constexpr int kFullDpi = 96;
+  const int dpi = ScreenDpi();
+  if (dpi >= 2 * kFullDpi) {
+    return {24 * (dpi / kFullDpi), 0, dpi / kFullDpi};
+  }
+  return dpi >= kFullDpi * 3 / 2 ? ImageScale{36, IDB_150_PERCENT, 1} : ImageScale{24, 0, 1};
+}
+
+int Scaled(int size) noexcept {
+  return size * ScreenScale().size24 / 24;
+}
+
+// The bitmaps are run-length encoded, so they are drawn rather than loaded.
+UniqueBitmap DrawnBitmap(UINT id, int times) {
+  const HRSRC found = ::FindResourceA(ResourceInstance(), MAKEINTRESOURCEA(id), RT_BITMAP);
+  const HGLOBAL loaded = found != nullptr ? ::LoadResource(ResourceInstance(), found) : nullptr;
+  const auto* const info = static_cast<const BITMAPINFO*>(::LockResource(loaded));
+  if (info == nullptr) {
+    return nullptr;
+  }
+  const auto& header = info->bmiHeader;
+  const auto* const bits =
+      reinterpret_cast<const std::byte*>(info) + header.biSize + header.biClrUsed * sizeof(RGBQUAD);
+  const int width = header.biWidth * times;
+  const int height = header.biHeight * times;
+  const HDC screen = ::GetDC(nullptr);
+  const UniqueMemoryDC memory(::CreateCompatibleDC(screen));
+  UniqueBitmap bitmap(::CreateCompatibleBitmap(screen, width, height));
+  ::ReleaseDC(nullptr, screen);
+  if (!memory || !bitmap) {
+    return nullptr;
+  }
+  const HGDIOBJ before = ::SelectObject(memory.get(), bitmap.get());
+  ::SetStretchBltMode(memory.get(), COLORONCOLOR);
+  ::StretchDIBits(memory.get(), 0, 0, width, height, 0, 0, header.biWidth, header.biHeight, bits,
+                  info, DIB_RGB_COLORS, SRCCOPY);
+  ::SelectObject(memory.get(), before);
+  return bitmap;
+}
+
 UniqueImageList LoadImages(const ImageStrip& strip) {
-  const UniqueBitmap bitmap(static_cast<HBITMAP>(::LoadImageA(
-      ResourceInstance(), MAKEINTRESOURCEA(strip.bitmapId), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
-  UniqueImageList images(::ImageList_Create(strip.size, strip.size, ILC_COLOR24 | ILC_MASK, 1, 1));
+  const ImageScale scale = ScreenScale();
+  const int size = Scaled(strip.size);
+  const UniqueBitmap bitmap = DrawnBitmap(strip.bitmapId + scale.idOffset, scale.times);
+  UniqueImageList images(::ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, 1, 1));
   if (!bitmap || !images ||
       ::ImageList_AddMasked(images.get(), bitmap.get(), kTransparentColor) < 0) {
     return nullptr;
   }
   if (strip.endsWithWarning) {
-    ::ImageList_AddIcon(images.get(), LoadWarningImage().icon24);
+    ::ImageList_AddIcon(images.get(), LoadWarningImage().icon24.get());
   }
   return images;
 }
 
-HICON SharedIcon(UINT id, int size) noexcept {
-  return static_cast<HICON>(
-      ::LoadImageA(ResourceInstance(), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_SHARED));
+UniqueIcon LoadWarningIcon(int size) noexcept {
+  const int scaled = Scaled(size);
+  const UINT id = scaled < 24 ? IDI_WARNING_16 : IDI_WARNING_24;
+  return UniqueIcon(static_cast<HICON>(::LoadImageA(ResourceInstance(), MAKEINTRESOURCEA(id),
+                                                    IMAGE_ICON, scaled, scaled, LR_DEFAULTCOLOR)));
 }
 
 }  // namespace
 
+int ScreenDpi() noexcept {
+  const HDC screen = ::GetDC(nullptr);
+  const int dpi = ::GetDeviceCaps(screen, LOGPIXELSX);
+  ::ReleaseDC(nullptr, screen);
+  return dpi;
+}
+
 const WarningImages& LoadWarningImage() {
   static const WarningImages images = [] {
-    WarningImages made{SharedIcon(IDI_WARNING_16, 16), SharedIcon(IDI_WARNING_24, 24),
-                       SharedIcon(IDI_WARNING_24, 32),
-                       UniqueImageList(::ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 1, 1))};
-    ::ImageList_AddIcon(made.m_hImgWarningList_16.get(), made.icon16);
+    const int size = Scaled(16);
+    WarningImages made{
+        LoadWarningIcon(16), LoadWarningIcon(24), LoadWarningIcon(32),
+        UniqueImageList(::ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 1, 1))};
+    ::ImageList_AddIcon(made.m_hImgWarningList_16.get(), made.icon16.get());
     return made;
   }();
   return images;

@@ -1,5 +1,5 @@
-// The images of the pages' lists: strips of the module's bitmaps, and the warning icons. Made at
-// the first use and kept while the module is loaded.
+// The images of the pages' lists: strips of the module's bitmaps, and the warning icons, as large
+// as the screen's resolution asks. Made at the first use and kept while the module is loaded.
 #pragma once
 
 #include <windows.h>
@@ -11,8 +11,11 @@
 
 namespace zn {
 
+// Dots an inch: 96 at 100 percent.
+[[nodiscard]] int ScreenDpi() noexcept;
+
 struct WarningImages {
-  HICON icon16, icon24, icon32;  // shared icons
+  UniqueIcon icon16, icon24, icon32;  // pixels at 100 percent
   UniqueImageList m_hImgWarningList_16;
 };
 const WarningImages& LoadWarningImage();

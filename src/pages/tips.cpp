@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "pages/page_images.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 
@@ -18,13 +19,6 @@ HWND TipsOf(HWND page) noexcept {
              : nullptr;
 }
 
-int ScreenDpi(HWND window) noexcept {
-  const HDC screen = ::GetDC(window);
-  const int dpi = ::GetDeviceCaps(screen, LOGPIXELSX);
-  ::ReleaseDC(window, screen);
-  return dpi;
-}
-
 }  // namespace
 
 void MakeTips(HWND page) {
@@ -35,7 +29,7 @@ void MakeTips(HWND page) {
   const HWND tips = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
                                       WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, page,
                                       nullptr, ModuleInstance(), nullptr);
-  ::SendMessageA(tips, TTM_SETMAXTIPWIDTH, 0, ::MulDiv(kWidestTip, ScreenDpi(page), 96));
+  ::SendMessageA(tips, TTM_SETMAXTIPWIDTH, 0, ::MulDiv(kWidestTip, ScreenDpi(), 96));
   ::SetWindowLongPtrA(illustration, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(tips));
 }
 

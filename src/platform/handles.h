@@ -15,6 +15,7 @@ using UniqueKey = Unique<HKEY, &::RegCloseKey>;
 using UniquePrinter = Unique<HANDLE, &::ClosePrinter>;
 using UniqueModule = Unique<HMODULE, &::FreeLibrary>;
 using UniqueBitmap = Unique<HBITMAP, &::DeleteObject>;
+using UniqueIcon = Unique<HICON, &::DestroyIcon>;
 using UniqueFont = Unique<HFONT, &::DeleteObject>;
 using UniqueMemoryDC = Unique<HDC, &::DeleteDC>;
 using UniqueImageList = Unique<HIMAGELIST, &::ImageList_Destroy>;

@@ -134,7 +134,7 @@
 
 /* --- Icons --- */
 #define IDI_WARNING_16 5     /* 16x16 */
-#define IDI_WARNING_24 19122 /* 24x24 and 32x32 */
+#define IDI_WARNING_24 19122 /* 24x24 to 48x48 */
 
 /* --- Bitmaps: strips of images side by side, magenta is transparent --- */
 #define IDB_COLOR_MODE 1053 /* 24x24 */
@@ -143,6 +143,7 @@
 #define IDB_NUP 1059        /* 24x24 */
 #define IDB_PUNCH 1061      /* 24x24 */
 #define IDB_STAPLE 1065     /* 24x24 */
+#define IDB_150_PERCENT 100 /* added to the others: the same images at 150 percent */
 
 /* --- Strings --- */
 #define IDS_QUESTION_USE_BYPASS 8

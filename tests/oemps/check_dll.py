@@ -6,7 +6,7 @@ import re
 import subprocess
 import sys
 
-MOST_BYTES = 400_000
+MOST_BYTES = 450 * 1024
 EXPORTS = ["DllCanUnloadNow", "DllGetClassObject"]
 SYSTEM_MODULES = {
     "ADVAPI32.DLL", "COMCTL32.DLL", "GDI32.DLL", "KERNEL32.DLL", "MSIMG32.DLL", "MSVCRT.DLL",
