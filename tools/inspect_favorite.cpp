@@ -27,7 +27,7 @@ void PrintEntry(SettingSource entry) {
   PrintItem("comment", entry.comment);
   PrintItem("page_size", entry.pageSizeName);
   for (const ddb::ExtendedTag& tag : ddb::kExtendedTags) {
-    if (tag.name.starts_with("EXT_")) {
+    if (std::string_view(tag.name).starts_with("EXT_")) {
       ddb::ExchangeExtTag(tag.name, value, entry.option, kRead, kTranslateMediaCodes);
       PrintItem(tag.name, value);
     }

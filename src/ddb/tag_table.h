@@ -25,8 +25,32 @@ enum ValueKind : std::uint8_t {
   kIgnored      // no field
 };
 
+inline constexpr std::size_t kMaxTagChars = 19;
+
+// Holds its characters: a view would leave a copy of all names in every file that includes them.
+class TagName {
+ public:
+  consteval TagName(const char* text) {  // NOLINT(google-explicit-constructor): rows name it
+    const std::string_view name(text);
+    if (name.size() > kMaxTagChars) {
+      throw "too long";
+    }
+    std::ranges::copy(name, text_);
+    size_ = static_cast<std::uint8_t>(name.size());
+  }
+  // NOLINTNEXTLINE(google-explicit-constructor): it is a text
+  constexpr operator std::string_view() const { return {text_, size_}; }
+  friend constexpr bool operator==(const TagName& name, std::string_view text) {
+    return std::string_view(name) == text;
+  }
+
+ private:
+  std::uint8_t size_ = 0;
+  char text_[kMaxTagChars] = {};
+};
+
 struct Tag {
-  std::string_view name;
+  TagName name;
   ValueKind kind;
   bool marked;             // texts: a "set" byte lies behind the field
   std::uint16_t offset;    // in PrintOptionBody
@@ -72,9 +96,6 @@ inline constexpr auto kTags = std::to_array<Tag>({
 // NOLINTEND(bugprone-macro-parentheses)
 
 static_assert(kTags.size() == 536);
-inline constexpr std::size_t kMaxTagChars = 19;
-static_assert(std::ranges::all_of(kTags,
-                                  [](const Tag& t) { return t.name.size() <= kMaxTagChars; }));
 
 // Media type codes: of the record by file code. Codes beyond the table are the same in both.
 inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2, 3, 6,
@@ -82,7 +103,8 @@ inline constexpr std::array<std::uint8_t, 12> kRecordMediaCodes = {10, 0, 1,  2,
 
 // The row of a tag that the code names; an unknown name does not compile.
 consteval const Tag& TagNamed(std::string_view name) {
-  const auto* row = std::ranges::find(kTags, name, &Tag::name);
+  const auto* row =
+      std::ranges::find_if(kTags, [name](const Tag& tag) { return tag.name == name; });
   return row != kTags.end() ? *row : throw "no such tag";
 }
 

@@ -22,7 +22,7 @@ class TagCollector {
   constexpr void AddField(const ddb::Tag& field) {
     for (std::size_t row = 0; row < ddb::kExtendedTags.size(); ++row) {
       const ddb::RecordField& extended = ddb::kExtendedTags[row].field;
-      if (!extended.IsExtended() && extended.Tag().name == field.name) {
+      if (!extended.IsExtended() && extended.Tag().name == std::string_view(field.name)) {
         AddExtended(row);
       }
     }
