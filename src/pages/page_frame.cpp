@@ -9,6 +9,8 @@
 #include "pages/profile_source.h"
 #include "pages/pspage.h"
 #include "pages/restriction_question.h"
+#include "pages/tips.h"
+#include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/forms.h"
 
@@ -471,8 +473,17 @@ void PageFrame::ResolveRestrictions(const ControlRow& row, PairCoding::Pair befo
 }
 
 void PageFrame::RedrawIllustration() {
-  if (table_.illustration) {
-    ShowIllustration(page_, sheet_, *table_.illustration);
+  if (!table_.illustration) {
+    return;
+  }
+  ShowIllustration(page_, sheet_, *table_.illustration);
+  for (const ControlRow& row : table_.controls) {
+    if (row.installed != Installed::Always) {
+      const HWND list = ControlOf(row);
+      const auto entry = SelectedIndex(list);
+      const bool isMissing = entry && ShowsWarning(list, static_cast<int>(*entry));
+      SetTip(page_, list, isMissing ? LoadResourceString(IDS_MISSING_UNIT) : std::string());
+    }
   }
 }
 

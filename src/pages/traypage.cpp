@@ -55,7 +55,8 @@ constexpr std::array kControls{
                .label = IDC_TRAY_SOURCE_LABEL,
                .id = IDC_TRAY_SOURCE,
                .caption = Caption::CompanionColon,
-               .installed = Installed::Trays},
+               .installed = Installed::Trays,
+               .redraws = true},
     // InitOutputTray
     ControlRow{.keyword = KW_OUTPUTTRAY,
                .kind = ControlKind::ExtendedList,

@@ -28,12 +28,19 @@ class MediaDialog : public PageSheetTest {
   [[nodiscard]] HWND Page() const override { return dialog_; }
 
   // Shows the dialog, does `use` in it and then closes its window, if it is still open.
-  INT_PTR Run(bool isBypass, std::function<void()> use) {
-    use_ = std::move(use);
-    running_ = this;
-    ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &UseDialog);
-    return isBypass ? CMediaTypeBypassTrayDlgMarzipan(*sheet_, &ThePlugInContext()).DoModal()
-                    : CMediaTypeDlgAutoTrayMarzipan(*sheet_, &ThePlugInContext()).DoModal();
+  INT_PTR Run(bool isBypass, const std::function<void()>& use) {
+    INT_PTR result = 0;
+    Drive({[&](HWND dialog) {
+            dialog_ = dialog;
+            use();
+            ::PostMessageA(dialog, WM_CLOSE, 0, 0);
+          }},
+          [&] {
+            result = isBypass
+                         ? CMediaTypeBypassTrayDlgMarzipan(*sheet_, &ThePlugInContext()).DoModal()
+                         : CMediaTypeDlgAutoTrayMarzipan(*sheet_, &ThePlugInContext()).DoModal();
+          });
+    return result;
   }
   [[nodiscard]] std::string TypeName(WPARAM entry) const {
     char text[400] = "";
@@ -50,20 +57,7 @@ class MediaDialog : public PageSheetTest {
   }
 
  private:
-  static BOOL CALLBACK FindDialog(HWND window, LPARAM) {
-    running_->dialog_ = window;
-    return ::GetDlgItem(window, IDC_MEDIA_TYPE) == nullptr;
-  }
-  static void CALLBACK UseDialog(HWND, UINT, UINT_PTR timer, DWORD) {
-    ::KillTimer(nullptr, timer);
-    ::EnumThreadWindows(::GetCurrentThreadId(), &FindDialog, 0);
-    running_->use_();
-    ::PostMessageA(running_->dialog_, WM_CLOSE, 0, 0);
-  }
-
-  static inline MediaDialog* running_;
   HWND dialog_ = nullptr;
-  std::function<void()> use_;
   MessageBoxes boxes_{::GetModuleHandleA(nullptr), 0};
 };
 
