@@ -26,6 +26,8 @@ constexpr Verb kVerbs[] = {
     {"props", "[--queue NAME] [--shots DIR] [--read-only]", &RunProps},
     {"event", "delete NAME", &RunEvent},
     {"soak", "N [--queue NAME]", &RunSoak},
+    {"open", "N [--queue NAME]", &RunOpening},
+    {"favorites", "N [--queue NAME]", &RunFavorites},
     {"load", "N [--queue NAME]", &RunLoad},
 };
 

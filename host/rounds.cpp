@@ -6,15 +6,6 @@
 #include <cstring>
 
 namespace zn::host {
-namespace {
-
-double Median(std::vector<double>& values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
-}
-
-}  // namespace
-
 int ParseRounds(const char* verb, Words words) {
   int rounds = 0;
   const char* end = words.empty() ? nullptr : words[0] + std::strlen(words[0]);
@@ -24,12 +15,20 @@ int ParseRounds(const char* verb, Words words) {
   return rounds;
 }
 
-void PrintTimes(const char* work, std::vector<double> milliseconds, const char* reference,
-                std::vector<double> referenceMilliseconds) {
-  const double ours = Median(milliseconds);
-  const double theirs = Median(referenceMilliseconds);
-  std::printf("%s: %.3f ms, %s: %.3f ms, ratio %.2f\n", work, ours, reference, theirs,
+double Median(std::vector<double> values) {
+  std::ranges::sort(values);
+  return values[values.size() / 2];
+}
+
+void PrintRatio(const char* work, double ours, const char* reference, double theirs,
+                const char* unit) {
+  std::printf("%s: %.3f %s, %s: %.3f %s, ratio %.2f\n", work, ours, unit, reference, theirs, unit,
               ours / theirs);
+}
+
+void PrintTimes(const char* work, const std::vector<double>& milliseconds, const char* reference,
+                const std::vector<double>& referenceMilliseconds) {
+  PrintRatio(work, Median(milliseconds), reference, Median(referenceMilliseconds), "ms");
 }
 
 }  // namespace zn::host

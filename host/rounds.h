@@ -13,8 +13,13 @@ inline constexpr int kWarmUpRounds = 5;
 // The number of rounds that a verb is given as its first word. Throws UsageError.
 [[nodiscard]] int ParseRounds(const char* verb, Words words);
 
-// Prints the medians of both and their ratio in one line, which ./bench reads, too.
-void PrintTimes(const char* work, std::vector<double> milliseconds, const char* reference,
-                std::vector<double> referenceMilliseconds);
+[[nodiscard]] double Median(std::vector<double> values);
+
+// Prints a work, its reference and their ratio in one line, which ./bench reads, too.
+void PrintRatio(const char* work, double ours, const char* reference, double theirs,
+                const char* unit);
+// The same with the medians of both.
+void PrintTimes(const char* work, const std::vector<double>& milliseconds, const char* reference,
+                const std::vector<double>& referenceMilliseconds);
 
 }  // namespace zn::host

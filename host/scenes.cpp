@@ -9,6 +9,7 @@
 
 #include "host/base/host_error.h"
 #include "host/window/dialog_pictures.h"
+#include "host/window/page_use.h"
 #include "host/window/screenshot.h"
 #include "res/resource_ids.h"
 
@@ -71,9 +72,7 @@ void Do(HWND page, const Step& step) {
   } else if (step.kind == Step::kChoose) {
     const LRESULT entry =
         step.entry == kLast ? ::SendMessageA(control, CB_GETCOUNT, 0, 0) - 1 : step.entry;
-    ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-    ::SendMessageA(page, WM_COMMAND, MAKEWPARAM(step.control, CBN_SELCHANGE),
-                   reinterpret_cast<LPARAM>(control));
+    ChooseEntry(control, static_cast<int>(entry));
   }
 }
 

@@ -11,6 +11,8 @@ int RunPrefs(Words words);
 int RunProps(Words words);
 int RunEvent(Words words);
 int RunSoak(Words words);
+int RunOpening(Words words);
+int RunFavorites(Words words);
 int RunLoad(Words words);
 
 }  // namespace zn::host

@@ -89,7 +89,7 @@ bool IsOffered(const SettingRow& row, std::uint32_t selection, const SheetSettin
 PaperMatch FindPaper(const SettingSource& source, const SheetSettings& sheet,
                      std::uint32_t& selection) {
   if (source.pageSizeName.empty()) {
-    return PaperMatch::ByCode;
+    return PaperMatch::Unnamed;
   }
   // Of several forms of one name the current one is meant.
   if (sheet.forms.Name(selection) == source.pageSizeName) {
@@ -136,7 +136,9 @@ Changes FindChangesTo(const SettingSource& source, Reach reach, const SheetSetti
   std::uint32_t paper = sheet.options[KW_PAGESIZE].currentSelection;
   match = FindPaper(source, sheet, paper);
   const auto wantedSelection = [&](const SettingRow& row) -> std::optional<std::uint32_t> {
-    if (row.conversion == Conversion::Paper && match != PaperMatch::ByCode) {
+    // A code says nothing about the forms of this printer; only dialogs have no name.
+    if (row.conversion == Conversion::Paper &&
+        (match != PaperMatch::Unnamed || reach == Reach::Favorite)) {
       return paper;
     }
     const std::int32_t value = row.field.Get(source.option);

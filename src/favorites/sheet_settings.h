@@ -38,8 +38,8 @@ void TakeDefaults(SettingSource& source, const SheetSettings& sheet);
 // How the paper size of a favourite was found.
 enum class PaperMatch : std::uint8_t {
   ByName,
-  ByCode,  // the favourite names none
-  Unknown  // the printer does not know the name: the sheet keeps its paper size
+  Unnamed,  // a favourite of the old format: the sheet keeps its paper size
+  Unknown   // the printer does not know the name: the sheet keeps its paper size
 };
 
 // Selects what the source says, for every setting that reaches as far as `reach`. What the source

@@ -121,6 +121,9 @@ int CCommonDlg::Command(const PageTable& table, WORD notifyCode, WORD controlId)
   if (std::ranges::find(table.codes, notifyCode) == table.codes.end()) {
     return table.answerToOtherCodes;
   }
+  if (controlId == IDC_ILLUSTRATION) {
+    return 1;  // a click on the picture
+  }
   int result = 1;
   bool isChange = false;
   PageFrame frame(window_, *sheet, table);

@@ -21,14 +21,19 @@ HWND ListOf(const PageFrame& page) noexcept {
   return ::GetDlgItem(page.Window(), IDC_BASIC_FAVORITES);
 }
 
-// Deletes from the last to the first, so that the indexes in front stay.
-void DeleteFavorites(HWND owner, SheetFavorites& favorites, std::span<const std::uint8_t> marks) {
-  for (std::size_t index = std::min(marks.size(), favorites.List().Count()); index-- > 0;) {
-    if (marks[index] != 0 && !favorites.Delete(index)) {
-      ShowMessage(
-          owner,
-          FillIn(LoadResourceString(IDS_FAVORITE_DELETE_FAILED), {favorites.List().Name(index)}),
-          IDS_WARNING_CAPTION, MB_ICONEXCLAMATION);
+void Report(HWND page, UINT message, std::string_view name) {
+  ShowMessage(page, FillIn(LoadResourceString(message), {name}), IDS_WARNING_CAPTION,
+              MB_ICONEXCLAMATION);
+}
+
+// By name: the list may have changed while the dialog was open.
+void DeleteFavorites(HWND page, SheetFavorites& favorites, std::span<const SettingSource> shown,
+                     std::span<const std::uint8_t> marks) {
+  for (std::size_t i = 0; i < std::min(shown.size(), marks.size()); ++i) {
+    const SheetFavorites::Choice choice =
+        marks[i] != 0 ? favorites.List().Find(shown[i].name) : std::nullopt;
+    if (choice && !favorites.Delete(*choice)) {
+      Report(page, IDS_FAVORITE_DELETE_FAILED, shown[i].name);
     }
   }
 }
@@ -40,7 +45,8 @@ void OnSavePreset(PageFrame& page) {
   const FavoritesList list(ListOf(page), favorites);
   CSavePresetDlg::Name name;
   CSavePresetDlg::Comment comment;
-  CopyText(name, list.SelectedName());
+  const std::string shown = list.SelectedName();
+  CopyText(name, shown);
   const SheetFavorites::Choice selected = list.Selected();
   const SettingSource* const favorite = selected ? favorites.Load(*selected) : nullptr;
   CopyText(comment, favorite != nullptr ? std::string_view(favorite->comment) : "");
@@ -48,15 +54,12 @@ void OnSavePreset(PageFrame& page) {
     return;
   }
   const SheetFavorites::Choice saved = favorites.Save(name, comment);
-  if (!saved) {
-    ShowMessage(page.Window(),
-                FillIn(LoadResourceString(IDS_FAVORITE_SAVE_FAILED), {std::string_view(name)}),
-                IDS_WARNING_CAPTION, MB_ICONEXCLAMATION);
-    return;
-  }
-  list.Fill();
-  list.Select(saved);
+  list.Fill();  // also after a failure: the folder may have been listed anew
+  list.Select(saved ? saved : favorites.List().Find(shown));
   list.ShowChange();
+  if (!saved) {
+    Report(page.Window(), IDS_FAVORITE_SAVE_FAILED, name);
+  }
 }
 
 void OnSummaryPreset(PageFrame& page) {
@@ -88,7 +91,7 @@ void OnSummaryPreset(PageFrame& page) {
   if (!DoModalFavoriteSummaryUI(sheet.hPrinter, dialog)) {
     return;
   }
-  DeleteFavorites(page.Window(), favorites, dialog.deleted);
+  DeleteFavorites(page.Window(), favorites, loaded, dialog.deleted);
   // Somebody else may have saved or deleted others meanwhile. Selecting an entry from here does not
   // take its settings over: the current ones stay.
   favorites.Refresh();

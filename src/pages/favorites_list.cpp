@@ -42,6 +42,9 @@ LRESULT FavoritesList::SelectedEntry() const {
 }
 
 SheetFavorites::Choice FavoritesList::Selected() const {
+  if (list_ == nullptr) {
+    return std::nullopt;
+  }
   const LRESULT data =
       ::SendMessageA(list_, CB_GETITEMDATA, static_cast<WPARAM>(SelectedEntry()), 0);
   const auto favorite = static_cast<std::size_t>(data);

@@ -5,6 +5,8 @@
 
 #include "platform/boundary.h"
 #include "platform/resources.h"
+#include "session/plugin_context.h"
+#include "session/sheet_context.h"
 
 namespace zn {
 
@@ -41,11 +43,15 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
   });
 }
 
-// Shows the template over the active window until the dialog is closed; the result is what it was
-// ended with, or -1 when it could not be shown.
+// Shows the template over the active window, or over the sheet when none is active, until the
+// dialog is closed; the result is what it was ended with, or -1 when it could not be shown.
 template <class Dialog>
 INT_PTR RunModalDialog(UINT templateId, Dialog& dialog) {
-  return ::DialogBoxParamA(ResourceInstance(), MAKEINTRESOURCEA(templateId), ::GetActiveWindow(),
+  HWND owner = ::GetActiveWindow();
+  if (const SheetContext* sheet = ThePlugInContext().sheet; owner == nullptr && sheet != nullptr) {
+    owner = ::GetAncestor(sheet->activePage, GA_ROOT);
+  }
+  return ::DialogBoxParamA(ResourceInstance(), MAKEINTRESOURCEA(templateId), owner,
                            &ModalDialogProc<Dialog>, reinterpret_cast<LPARAM>(&dialog));
 }
 

@@ -95,7 +95,7 @@ void PageFrame::Refill(KeywordId keyword) {
 }
 
 bool PageFrame::Fill(const ControlRow& row, PageSources& sources, bool useDefault) {
-  if (!IsPresent(row)) {
+  if (!IsPresent(row) || (table_.skipsMissingControls && !HasWindows(row))) {
     return true;
   }
   const std::uint32_t selection =
@@ -488,6 +488,12 @@ void PageFrame::RedrawIllustration() {
 }
 
 // --- Rows ---
+
+bool PageFrame::HasWindows(const ControlRow& row) const noexcept {
+  const auto isThere = [this](int id) { return id == 0 || Item(id) != nullptr; };
+  return isThere(row.label) && isThere(row.id) && isThere(row.arrows) &&
+         std::ranges::all_of(row.radios, isThere);
+}
 
 HWND PageFrame::ControlOf(const ControlRow& row) const noexcept {
   return row.label != 0 ? ListOfLabel(page_, row.label) : Item(row.id);

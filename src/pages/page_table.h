@@ -139,6 +139,7 @@ struct PageTable {
   bool restoringIsAChange;  // it reports one to the sheet
   std::span<const ButtonRow> buttons = {};
   bool readsOnlyWhileActive = false;  // controls of a page that is not shown are not read
+  bool skipsMissingControls = false;  // else filling stops at one
   std::optional<IllustrationKind> illustration = std::nullopt;
   std::span<const KeywordId> showOrder = {};  // in which Show shows the controls; else as filled
   // What follows a change of the page's settings: one that the user made, or restoring them.

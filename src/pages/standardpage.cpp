@@ -53,7 +53,7 @@ bool HasSeveralPages(const SheetContext& sheet) {
 
 // The last paper is the custom one.
 bool IsCustomSize(const SheetContext& sheet) {
-  return GetFormsCount() != 0 && sheet.Current(KW_PAGESIZE) == GetFormsCount() - 1;
+  return GetFormsCount() != 0 && LOWORD(sheet.Current(KW_PAGESIZE)) == GetFormsCount() - 1;
 }
 
 void EditCustomSize(PageFrame& page) {
@@ -200,6 +200,7 @@ constexpr PageTable kTable{.controls = kControls,
                            .restoreButton = IDC_RESTORE_DEFAULTS,
                            .restoringIsAChange = false,
                            .buttons = kButtons,
+                           .skipsMissingControls = true,
                            .illustration = IllustrationKind::Layout,
                            .showOrder = kShowOrder,
                            .changed = &ShowChange};
@@ -226,7 +227,7 @@ std::string TroubleWith(std::optional<PaperMatch> paper) {
     return LoadResourceString(IDS_FAVORITE_LOAD_FAILED);
   }
   switch (*paper) {
-    case PaperMatch::ByCode:
+    case PaperMatch::Unnamed:
       return LoadResourceString(IDS_FAVORITE_OLD_FORMAT);
     case PaperMatch::Unknown:
       return LoadResourceString(IDS_FAVORITE_SIZE_UNKNOWN_USE_CURRENT) + "\n\n" +
@@ -277,7 +278,11 @@ int CStandardPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*
         break;
     }
   }
-  return Command(kTable, notifyCode, controlId);
+  const int result = Command(kTable, notifyCode, controlId);
+  if (sheet != nullptr && (controlId == IDC_SAVE_FAVORITE || controlId == IDC_LIST_FAVORITES)) {
+    RememberFavorite(ListOf(window_, *sheet));
+  }
+  return result;
 }
 
 int CStandardPageDlg::OnSetActive() {
@@ -311,10 +316,14 @@ int CStandardPageDlg::OnUser(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
 void CStandardPageDlg::OnPresetSelChange(SheetContext& sheet) const {
   SheetFavorites& favorites = SheetFavorites::Of(sheet);
   const FavoritesList list = ListOf(window_, sheet);
+  if (!SelectedIndex(Control(IDC_BASIC_FAVORITES))) {
+    return;
+  }
   const SheetFavorites::Choice choice = list.Selected();
   // A list that closes without a choice reports what it showed before.
   if (list.IsMarkSelected() ||
       (list.SelectedName() == g_shownFavorite && !favorites.DiffersFrom(choice))) {
+    list.ShowChange();
     return;
   }
   const auto paper = favorites.Select(choice);

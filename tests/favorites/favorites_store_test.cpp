@@ -73,9 +73,9 @@ TEST_F(FavoritesStoreTest, LoadTakesWhatTheFileHoldsAndDefaultsForTheRest) {
   EXPECT_EQ(sheet_[KW_COLORMODEL], 0U);  // 99 is no colour mode
   EXPECT_EQ(sheet_[KW_PAGESIZE], 2U);
 
-  // One that names no paper has its code or leaves the sheet's.
-  EXPECT_EQ(Apply(*Load("old"), Reach::Favorite, sheet_.settings), PaperMatch::ByCode);
-  EXPECT_EQ(sheet_[KW_PAGESIZE], 1U);
+  // One that names no paper leaves the sheet's, whatever its code says.
+  EXPECT_EQ(Apply(*Load("old"), Reach::Favorite, sheet_.settings), PaperMatch::Unnamed);
+  EXPECT_EQ(sheet_[KW_PAGESIZE], 2U);
   sheet_[KW_PAGESIZE] = 4;
   Apply(*Load("bare"), Reach::Favorite, sheet_.settings);
   EXPECT_EQ(sheet_[KW_PAGESIZE], 4U);

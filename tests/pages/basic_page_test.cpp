@@ -326,7 +326,7 @@ TEST_F(BasicPage, TroubleWithFavoritesIsTold) {
       {"PageSize=B5\n", 2, 1, "fair", 2, nullptr},
       {"PageSize=Nowhere\n", 0, 1, "fair", 2,
        "お気に入りに設定されている用紙サイズは、このコンピュータに登録されていません。"},
-      {"", 1, 1, "fair", 2, "旧形式のお気に入りを読み込みました。"},
+      {"", 0, 1, "fair", 2, "旧形式のお気に入りを読み込みました。"},
       {nullptr, 0, 0, Japanese(kStandard), 1, "お気に入りの読み込みに失敗しました。"},
   };
   const std::string file = "Zentrik\\Quorra QR\\LM5050\\favorite\\fair.pfj";

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "host/base/dialog_driver.h"
 #include "keywords/keyword_table.h"
 #include "pages/pages.h"
 #include "platform/resources.h"
@@ -28,39 +29,6 @@ LONG_PTR CALLBACK RecordResult(HANDLE sheet, UINT function, LPARAM first, LPARAM
   EXPECT_EQ(sheet, kSheetHandle);
   PageSheetTest::results.push_back({static_cast<LPARAM>(function), first, second});
   return 1;
-}
-
-// The walk through modal dialogs that is under way.
-struct DialogWalk {
-  HWND sheet;
-  std::vector<std::function<void(HWND)>> steps;
-  std::size_t done = 0;
-};
-DialogWalk* g_walk = nullptr;
-
-BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
-  char className[8] = "";
-  ::GetClassNameA(window, className, sizeof className);
-  if (window != g_walk->sheet && std::string_view(className) == "#32770" &&
-      ::IsWindowVisible(window) && ::IsWindowEnabled(window)) {
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-  }
-  return TRUE;
-}
-
-void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD) {
-  HWND dialog = nullptr;
-  ::EnumThreadWindows(::GetCurrentThreadId(), &FindDialog, reinterpret_cast<LPARAM>(&dialog));
-  if (dialog == nullptr) {
-    return;
-  }
-  if (g_walk->done < g_walk->steps.size()) {
-    g_walk->steps[g_walk->done++](dialog);
-  } else {
-    ADD_FAILURE() << "one dialog too many";
-    ::EndDialog(dialog, IDCANCEL);
-  }
 }
 
 // What the core driver's process does: the common controls are there, and the plug-in knows its
@@ -183,16 +151,22 @@ void PageSheetTest::Apply() const {
   ::SendMessageA(window_, WM_COMMAND, MAKEWPARAM(kApplyButton, BN_CLICKED), 0);
 }
 
-void PageSheetTest::Drive(std::vector<std::function<void(HWND)>> steps,
+void PageSheetTest::Drive(const std::vector<std::function<void(HWND)>>& steps,
                           const std::function<void()>& open) const {
   constexpr UINT kTick = 10;  // milliseconds
-  DialogWalk walk{window_, std::move(steps)};
-  g_walk = &walk;
-  const UINT_PTR timer = ::SetTimer(nullptr, 0, kTick, &OnTick);
-  open();
-  ::KillTimer(nullptr, timer);
-  g_walk = nullptr;
-  EXPECT_EQ(walk.done, walk.steps.size());
+  std::size_t done = 0;
+  host::DriveDialogs(
+      window_, kTick,
+      [&](HWND dialog) {
+        if (done < steps.size()) {
+          steps[done++](dialog);
+        } else {
+          ADD_FAILURE() << "one dialog too many";
+          ::EndDialog(dialog, IDCANCEL);
+        }
+      },
+      open);
+  EXPECT_EQ(done, steps.size());
 }
 
 INT_PTR PageSheetTest::Ask(PageIndex page, UINT message, WPARAM wParam, LPARAM lParam) const {

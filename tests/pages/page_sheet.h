@@ -56,7 +56,7 @@ class PageSheetTest : public SheetTest {
   void Apply() const;
   // Does `open` and hands each dialog that it shows to the next of the steps, as soon as it is up;
   // a step has to close its dialog. All of them must have come up.
-  void Drive(std::vector<std::function<void(HWND dialog)>> steps,
+  void Drive(const std::vector<std::function<void(HWND dialog)>>& steps,
              const std::function<void()>& open) const;
 
   // What the page procedure answers to a message.

@@ -1,33 +1,10 @@
-// Replaces one function that a loaded module imports, for the lifetime of the object: the way in
-// which a test changes the world around shipped code, which has no seams of its own.
+// The host's way to replace a function that a module imports; without it the test ends and fails.
 #pragma once
 
-#include <windows.h>
+#include "host/base/import_patch.h"
 
 namespace zn::test {
 
-class ImportPatch {
- public:
-  // `function` is the imported name ("MessageBoxA"). A module that does not import it fails the
-  // running test.
-  template <class Function>
-  ImportPatch(HMODULE module, const char* function, Function* replacement)
-      : ImportPatch(module, function, reinterpret_cast<void*>(replacement), 0) {}
-  ~ImportPatch();
-  ImportPatch(const ImportPatch&) = delete;
-  ImportPatch& operator=(const ImportPatch&) = delete;
-
-  // What the module called before.
-  template <class Function>
-  [[nodiscard]] Function* Original() const noexcept {
-    return reinterpret_cast<Function*>(original_);
-  }
-
- private:
-  ImportPatch(HMODULE module, const char* function, void* replacement, int);
-
-  void** slot_;
-  void* original_;
-};
+using host::ImportPatch;
 
 }  // namespace zn::test

@@ -1,11 +1,12 @@
-#include "iat_patch.h"
-
-#include <gtest/gtest.h>
+#include "host/base/import_patch.h"
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 
-namespace zn::test {
+#include "host/base/host_error.h"
+
+namespace zn::host {
 namespace {
 
 void** FindSlot(HMODULE module, const char* function) {
@@ -40,18 +41,16 @@ void Write(void** slot, void* value) {
 }  // namespace
 
 ImportPatch::ImportPatch(HMODULE module, const char* function, void* replacement, int)
-    : slot_(FindSlot(module, function)), original_(slot_ != nullptr ? *slot_ : nullptr) {
+    : slot_(FindSlot(module, function)) {
   if (slot_ == nullptr) {
-    ADD_FAILURE() << "the module does not import " << function;
-    return;
+    throw HostError(std::string("the module does not import ") + function);
   }
+  original_ = *slot_;
   Write(slot_, replacement);
 }
 
 ImportPatch::~ImportPatch() {
-  if (slot_ != nullptr) {
-    Write(slot_, original_);
-  }
+  Write(slot_, original_);
 }
 
-}  // namespace zn::test
+}  // namespace zn::host
