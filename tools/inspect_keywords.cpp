@@ -14,11 +14,13 @@ namespace {
 
 // A keyword, or an id, which need not be one's.
 std::optional<KeywordId> ParseKeyword(std::string_view word) {
-  KeywordId id = GetKeywordId(word);
+  if (const KeywordId id = GetKeywordId(word); id != kNoKeyword) {
+    return id;
+  }
+  KeywordId id = 0;
   const char* const end = word.data() + word.size();
   const auto [stop, error] = std::from_chars(word.data(), end, id);
-  return id != kNoKeyword || (error == std::errc() && stop == end) ? std::optional(id)
-                                                                   : std::nullopt;
+  return error == std::errc() && stop == end ? std::optional(id) : std::nullopt;
 }
 
 // Options with a code, a name or both.

@@ -19,9 +19,27 @@ constexpr unsigned char kDelete = 0x7F;
 constexpr unsigned char kC1Lead = 0xC2;  // of U+0080 to U+00BF in UTF-8
 constexpr unsigned char kLastC1 = 0x9F;
 
-bool IsPlain(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  return code >= kFirstPrintable && code < kDelete;
+struct Control {
+  unsigned char code;
+  std::size_t size;  // bytes in UTF-8; 0: no control character
+};
+
+Control ControlAt(std::string_view text, std::size_t at) {
+  const auto code = static_cast<unsigned char>(text[at]);
+  if (code == kC1Lead && at + 1 < text.size()) {
+    const auto next = static_cast<unsigned char>(text[at + 1]);
+    return {next, next <= kLastC1 ? std::size_t{2} : 0};
+  }
+  return {code, code < kFirstPrintable || code == kDelete ? std::size_t{1} : 0};
+}
+
+std::string Escape(unsigned char code, ControlForm form) {
+  if (form == ControlForm::InText && (code == '\r' || code == '\n' || code == '\t')) {
+    return {'\\', code == '\r' ? 'r' : code == '\n' ? 'n' : 't'};
+  }
+  char escape[7];
+  std::snprintf(escape, sizeof escape, form == ControlForm::InText ? "\\x%02X" : "\\u%04x", code);
+  return escape;
 }
 
 #ifdef _WIN32
@@ -75,27 +93,18 @@ std::string Utf8OfWord(std::string_view word) {
 }
 
 std::string EscapeControls(std::string_view text, ControlForm form) {
-  if (std::ranges::all_of(text, IsPlain)) {
-    return std::string(text);
-  }
   std::string shown;
+  std::size_t copied = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    auto code = static_cast<unsigned char>(text[i]);
-    if (code == kC1Lead && i + 1 < text.size() &&
-        static_cast<unsigned char>(text[i + 1]) <= kLastC1) {
-      code = static_cast<unsigned char>(text[++i]);
-    } else if (code >= kFirstPrintable && code != kDelete) {
-      shown += text[i];
-      continue;
-    } else if (form == ControlForm::InText && (code == '\r' || code == '\n' || code == '\t')) {
-      shown.append({'\\', code == '\r' ? 'r' : code == '\n' ? 'n' : 't'});
+    const auto [code, size] = ControlAt(text, i);
+    if (size == 0) {
       continue;
     }
-    char escape[7];
-    std::snprintf(escape, sizeof escape, form == ControlForm::InText ? "\\x%02X" : "\\u%04x", code);
-    shown += escape;
+    shown.append(text, copied, i - copied).append(Escape(code, form));
+    copied = i + size;
+    i = copied - 1;
   }
-  return shown;
+  return shown.append(text, copied);
 }
 
 bool IsPassword(const ddb::Tag& tag) {
