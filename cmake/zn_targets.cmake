@@ -37,3 +37,10 @@ function(zn_test name)
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
+
+# The JSON library is headers only, and a cross build must not see the others beside them.
+find_path(ZN_JSON_HEADERS nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/json)
+file(CREATE_LINK ${ZN_JSON_HEADERS}/nlohmann ${CMAKE_BINARY_DIR}/json/nlohmann SYMBOLIC)
+add_library(zn_json INTERFACE)
+target_include_directories(zn_json SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/json)

@@ -1,34 +1,36 @@
-// The operations of zninspect. Each takes the words behind its name, prints to stdout, prints one
-// line to stderr on failure, and answers the exit code.
+// The operations of zninspect. Each takes the words behind its name, puts what it finds out, prints
+// one line to stderr for what fails, and answers the exit code.
 #pragma once
 
 #include <span>
 #include <string_view>
 
+#include "tools/output.h"
+
 namespace zn::inspect {
 
 inline constexpr int kOk = 0;
-inline constexpr int kFailed = 1;  // the operation itself reports failure
-inline constexpr int kUsage = 2;   // bad words, or input that cannot be read
+inline constexpr int kFailed = 1;    // an input is bad, an operation fails, two inputs differ
+inline constexpr int kUsage = 2;     // bad words; for diff all trouble
+inline constexpr int kMisused = -1;  // as kUsage, but the caller is still to print the usage
 
 using Arguments = std::span<const char* const>;
 
 struct Command {
   std::string_view name;
   std::string_view usage;
-  int (*run)(Arguments arguments);
+  std::string_view purpose;
+  int (*run)(Arguments arguments, const Output& out);
 };
 
-// Prints "zninspect: MESSAGE" as one line; answers `code`.
-int Fail(int code, std::string_view message);
-
-int RunCodes(Arguments arguments);
-int RunDevMode(Arguments arguments);
-int RunFavorite(Arguments arguments);
-int RunKeyword(Arguments arguments);
-int RunProfile(Arguments arguments);
-int RunRecord(Arguments arguments);
-int RunRestriction(Arguments arguments);
-int RunTables(Arguments arguments);
+int RunDevMode(Arguments arguments, const Output& out);
+int RunDiff(Arguments arguments, const Output& out);
+int RunFavorite(Arguments arguments, const Output& out);
+int RunKeyword(Arguments arguments, const Output& out);
+int RunPpd(Arguments arguments, const Output& out);
+int RunProfile(Arguments arguments, const Output& out);
+int RunRecord(Arguments arguments, const Output& out);
+int RunRestriction(Arguments arguments, const Output& out);
+int RunTables(Arguments arguments, const Output& out);
 
 }  // namespace zn::inspect

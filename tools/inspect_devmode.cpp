@@ -1,80 +1,24 @@
 // zninspect devmode: prints a settings block field by field, or makes one.
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "ddb/password.h"
-#include "devmode/devmode.h"
-#include "favorites/settings_mapping.h"
 #include "platform/unique.h"
+#include "tools/block_fields.h"
 #include "tools/commands.h"
-#include "tools/shown_text.h"
+#include "tools/inputs.h"
 
 namespace zn::inspect {
 namespace {
 
-using BlockPointer = std::unique_ptr<CDevMode>;
-
-constexpr char kUsageText[] =
-    "usage: zninspect devmode FILE | --default OUT | --convert SRC DST OUT | --merge SRC DST OUT";
-
-// Null when the file cannot be read or is not exactly one block long.
-BlockPointer ReadBlock(const char* path) {
-  const UniqueFile file(std::fopen(path, "rb"));
-  if (!file) {
-    return nullptr;
-  }
-  auto block = std::make_unique<CDevMode>();
-  const std::size_t size = std::fread(block.get(), 1, kDevModeSize, file.get());
-  return size == kDevModeSize && std::fgetc(file.get()) == EOF ? std::move(block) : nullptr;
-}
-
-int FailToRead(const char* path) {
-  return Fail(kUsage, std::string(path) + " cannot be read as a block of " +
-                          std::to_string(kDevModeSize) + " bytes");
-}
-
-int WriteBlock(const char* path, const CDevMode& block) {
+int WriteBlock(const char* path, const CDevMode& block, const Output& out) {
   UniqueFile file(std::fopen(path, "wb"));
   const bool isWritten = file && std::fwrite(&block, 1, kDevModeSize, file.get()) == kDevModeSize;
   if (!isWritten || std::fclose(file.release()) != 0) {
-    return Fail(kFailed, std::string(path) + " cannot be written");
+    return FailOnFile(out, path, "cannot be written");
   }
-  return kOk;
-}
-
-bool IsPassword(const DevModeField& field) {
-  return field.offset == devmode::kJobOwnerPassword ||
-         std::ranges::any_of(SettingTexts(), [&](const SettingText& text) {
-           return text.offset == field.offset && ddb::IsPassword(*text.tag);
-         });
-}
-
-std::string HexBytes(std::span<const std::byte> bytes) {
-  std::string shown;
-  for (const std::byte byte : bytes) {
-    char hex[4];
-    std::snprintf(hex, sizeof hex, "%02X ", std::to_integer<unsigned>(byte));
-    shown += hex;
-  }
-  shown.pop_back();
-  return shown;
-}
-
-std::string Value(const CDevMode& block, const DevModeField& field) {
-  switch (field.kind) {
-    case FieldKind::Text:
-      return IsPassword(field) ? PasswordNote(block.GetText(field.offset))
-                               : EscapeControls(block.GetText(field.offset));
-    case FieldKind::Reserved:
-      return HexBytes(block.Bytes().subspan(field.offset, field.width));
-    default:
-      return std::to_string(block.GetDWord(field.offset));
-  }
+  return TellWritten(out, path);
 }
 
 // What is wrong with the value; empty when nothing is. A number that repairing leaves as it is
@@ -100,62 +44,58 @@ std::string Note(const CDevMode& block, const CDevMode& repaired, const DevModeF
   return "";
 }
 
-int Print(const char* path) {
+std::string DescribeBlock(const char* path, Json& record) {
   const BlockPointer block = ReadBlock(path);
   if (!block) {
-    return FailToRead(path);
+    return NoBlockMessage();
   }
   const auto repaired = std::make_unique<CDevMode>(*block);
   repaired->Merge(block.get());
+  Json& fields = record["fields"] = Json::array();
   for (const DevModeField& field : DevModeFields()) {
-    const std::string value = Value(*block, field);
-    const std::string note = Note(*block, *repaired, field);
-    std::printf("%u\t%s\t", field.offset, field.name);
-    std::fwrite(value.data(), 1, value.size(), stdout);
-    std::printf("\t%s", field.privateId != 0 ? std::to_string(field.privateId).c_str() : "-");
-    std::printf(note.empty() ? "\n" : "\t%s\n", note.c_str());
+    const std::uint32_t id = field.privateId;
+    fields.push_back({{"offset", field.offset},
+                      {"name", field.name},
+                      {"value", ShownField(*block, field)},
+                      {"id", id != 0 ? Json(id) : Json()},
+                      {"note", Note(*block, *repaired, field)}});
   }
-  return kOk;
+  return {};
 }
 
-int WriteDefault(const char* path) {
+int WriteDefault(const char* path, const Output& out) {
   CDevMode block{};
   block.SetDefaults();
-  return WriteBlock(path, block);
+  return WriteBlock(path, block, out);
 }
 
 using Operation = void (CDevMode::*)(const void*) noexcept;
 
-int Apply(Operation operation, Arguments paths) {
+int Apply(Operation operation, Arguments paths, const Output& out) {
   const BlockPointer source = ReadBlock(paths[0]);
-  if (!source) {
-    return FailToRead(paths[0]);
-  }
   const BlockPointer destination = ReadBlock(paths[1]);
-  if (!destination) {
-    return FailToRead(paths[1]);
+  if (!source || !destination) {
+    return FailOnFile(out, paths[source ? 1 : 0], NoBlockMessage());
   }
   (destination.get()->*operation)(source.get());
-  return WriteBlock(paths[2], *destination);
+  return WriteBlock(paths[2], *destination, out);
 }
 
 }  // namespace
 
-int RunDevMode(Arguments arguments) {
+int RunDevMode(Arguments arguments, const Output& out) {
   const std::string_view verb = arguments.empty() ? "" : arguments[0];
   if (verb == "--default" && arguments.size() == 2) {
-    return WriteDefault(arguments[1]);
+    return WriteDefault(arguments[1], out);
   }
   if (verb == "--convert" && arguments.size() == 4) {
-    return Apply(&CDevMode::CopyFrom, arguments.subspan(1));
+    return Apply(&CDevMode::CopyFrom, arguments.subspan(1), out);
   }
   if (verb == "--merge" && arguments.size() == 4) {
-    return Apply(&CDevMode::Merge, arguments.subspan(1));
+    return Apply(&CDevMode::Merge, arguments.subspan(1), out);
   }
-  if (arguments.size() == 1 && !verb.starts_with("--")) {
-    return Print(arguments[0]);
-  }
-  return Fail(kUsage, kUsageText);
+  const auto isBlock = [](const std::string& path) { return ReadBlock(path.c_str()) != nullptr; };
+  return DescribeEach(arguments, isBlock, &DescribeBlock, out);
 }
 
 }  // namespace zn::inspect

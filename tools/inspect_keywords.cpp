@@ -1,39 +1,57 @@
-// zninspect keyword, zninspect codes: the keyword table and the option code lists.
+// zninspect keyword: the ids of keywords, and the codes and names of their options.
+#include <algorithm>
 #include <charconv>
-#include <cstdio>
+#include <optional>
 #include <string>
 
 #include "keywords/keyword_table.h"
 #include "tools/commands.h"
+#include "tools/option_names.h"
+#include "tools/shown_text.h"
 
 namespace zn::inspect {
+namespace {
 
-int RunKeyword(Arguments arguments) {
-  if (arguments.size() != 1) {
-    return Fail(kUsage, "usage: zninspect keyword NAME");
+// A keyword, or an id, which need not be one's.
+std::optional<KeywordId> ParseKeyword(std::string_view word) {
+  if (const KeywordId id = GetKeywordId(word); id != kNoKeyword) {
+    return id;
   }
-  const KeywordId id = GetKeywordId(arguments[0]);
-  if (id == kNoKeyword) {
-    return Fail(kFailed, std::string(arguments[0]) + " is not a keyword");
-  }
-  std::printf("%u %s\n", id, GetKeywordName(id));
-  return kOk;
+  KeywordId id = 0;
+  const char* const end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, id);
+  return error == std::errc() && stop == end ? std::optional(id) : std::nullopt;
 }
 
-int RunCodes(Arguments arguments) {
-  const std::string_view word = arguments.size() == 1 ? arguments[0] : "";
-  KeywordId id = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), id);
-  if (error != std::errc() || end != word.data() + word.size()) {
-    return Fail(kUsage, "usage: zninspect codes ID");
+// Options with a code, a name or both.
+Json Options(KeywordId id) {
+  const auto codes = GetOptionCodeList(id);
+  const std::size_t count = std::max<std::size_t>(codes.size(), OptionNameCount(id));
+  Json options = Json::array();
+  for (std::uint32_t index = 0; index < count; ++index) {
+    options.push_back({{"index", index},
+                       {"code", index < codes.size() ? Json(codes[index]) : Json()},
+                       {"name", OptionName(id, index)}});
   }
-  const char* separator = "";
-  for (const std::uint32_t code : GetOptionCodeList(id)) {
-    std::printf("%s%u", separator, code);
-    separator = " ";
+  return options;
+}
+
+}  // namespace
+
+int RunKeyword(Arguments arguments, const Output& out) {
+  int code = arguments.empty() ? kMisused : kOk;
+  for (const char* const word : arguments) {
+    if (const auto id = ParseKeyword(word)) {
+      out.Put({{"id", *id},
+               {"keyword", GetKeywordName(*id)},
+               {"label", LabelOf(*id)},
+               {"options", Options(*id)}});
+    } else {
+      const std::string shown = Utf8OfWord(word);
+      code = out.Fail(kFailed, {{"keyword", shown}}, shown, "is not a keyword");
+    }
   }
-  std::putchar('\n');
-  return kOk;
+  return code;
 }
 
 }  // namespace zn::inspect

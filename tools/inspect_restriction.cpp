@@ -1,12 +1,13 @@
 // zninspect restriction: may this finishing or paper setting stand beside the others?
 #include <charconv>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 
 #include "keywords/keyword_table.h"
 #include "session/restriction.h"
 #include "tools/commands.h"
+#include "tools/option_names.h"
+#include "tools/shown_text.h"
 
 namespace zn::inspect {
 namespace {
@@ -18,16 +19,33 @@ bool ParseNumber(std::string_view text, std::int32_t& number) {
   return error == std::errc() && stop == end;
 }
 
-// Takes "KEY=VALUE" over.
+// Takes "KEY=VALUE" over; the value is a selection or the name of one.
 bool ParseSelection(std::string_view word, restriction::Selections& selections) {
   const std::size_t equals = word.find('=');
   if (equals == word.npos) {
     return false;
   }
   const KeywordId id = GetKeywordId(word.substr(0, equals));
-  for (const restriction::SelectionField& row : restriction::kSelectionFields) {
-    if (row.id == id) {
-      return ParseNumber(word.substr(equals + 1), selections.*row.field);
+  const std::string_view value = word.substr(equals + 1);
+  for (const auto& [fieldId, field] : restriction::kSelectionFields) {
+    if (fieldId != id) {
+      continue;
+    }
+    if (const auto index = OptionNamed(id, Utf8OfWord(value))) {
+      selections.*field = static_cast<std::int32_t>(*index);
+      return true;
+    }
+    return ParseNumber(value, selections.*field);
+  }
+  return false;
+}
+
+// A number, or the keyword of the setting that has changed.
+bool ParseGroup(std::string_view word, restriction::Group& group) {
+  for (int number = 0; number < restriction::kGroupCount; ++number) {
+    group = static_cast<restriction::Group>(number);
+    if (word == std::to_string(number) || word == GetKeywordName(KeywordOf(group))) {
+      return true;
     }
   }
   return false;
@@ -35,31 +53,32 @@ bool ParseSelection(std::string_view word, restriction::Selections& selections) 
 
 }  // namespace
 
-int RunRestriction(Arguments arguments) {
-  std::int32_t group = -1;
+int RunRestriction(Arguments arguments, const Output& out) {
+  restriction::Group group{};
   if (arguments.size() < 2 || std::string_view(arguments[0]) != "--group" ||
-      !ParseNumber(arguments[1], group) || group < 0 || group >= restriction::kGroupCount) {
-    return Fail(kUsage, "usage: zninspect restriction --group G KEY=VALUE... (G 0 to 5)");
+      !ParseGroup(arguments[1], group)) {
+    return kMisused;
   }
   restriction::Selections selections;
   for (const char* word : arguments.subspan(2)) {
     if (!ParseSelection(word, selections)) {
-      return Fail(kUsage, std::string("not a setting of the check: ") + word);
+      return Output::Fail(kUsage, "not a setting of the check: " + Utf8OfWord(word));
     }
   }
-  const restriction::Result result =
-      restriction::Check(selections, static_cast<restriction::Group>(group));
+  const restriction::Result result = restriction::Check(selections, group);
+  Json record;
   switch (result.verdict) {
     case restriction::Verdict::Allowed:
-      std::puts("allowed");
+      record = {{"verdict", "allowed"}};
       break;
     case restriction::Verdict::Refused:
-      std::printf("refused %d\n", result.messageId);
+      record = {{"verdict", "refused"}, {"message", result.messageId}};
       break;
     case restriction::Verdict::Conflict:
-      std::printf("conflict %s\n", result.other != kNoKeyword ? GetKeywordName(result.other) : "-");
+      record = {{"verdict", "conflict"}, {"other", GetKeywordName(result.other)}};
       break;
   }
+  out.Put(record);
   return kOk;
 }
 

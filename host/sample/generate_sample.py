@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Makes the sample printer description and the stand-in companion's table from options.txt.
+"""Makes the sample printer description, the stand-in companion's table and the inspector's names
+from options.txt.
 
-    generate_sample.py options.txt --ppd OUT.ppd --table OUT.inc
+    generate_sample.py options.txt [--ppd OUT.ppd] [--table OUT.inc] [--names OUT.inc]
 
-The description is UTF-8 (what portable checkers read); the table holds code page 932 texts.
+The description is UTF-8 (what portable checkers read), and so are the names; the table holds code
+page 932 texts.
 """
 import argparse
 import re
@@ -56,6 +58,7 @@ class Keyword:
     name: str
     label: str
     options: list = field(default_factory=list)  # of the printer description
+    names: list = field(default_factory=list)  # customary names; texts where there are none
     more: list = field(default_factory=list)  # the companion's further texts
     default: int = 0
 
@@ -77,7 +80,7 @@ class Sample:
         lines = [line for line in lines if line and not line.startswith("#")]
         for line in [l for l in lines if l.startswith("form ")]:
             self.add_form(line.removeprefix("form "))
-        self.lists["forms"] = [form.text for form in self.forms]
+        self.lists["forms"] = [f"{form.name}:{form.text}" for form in self.forms]
         for line in lines:
             if line.startswith("list "):
                 name, texts = line.removeprefix("list ").split("=", 1)
@@ -105,6 +108,7 @@ class Sample:
             option, colon, shown = text.partition(":")
             keyword.options.append(
                 Option(option, shown) if colon else Option(f"Option{index}", text))
+            keyword.names.append(option)
         keyword.more = self.expand(columns[2] if len(columns) > 2 else "")
         self.keywords.append(keyword)
 
@@ -192,15 +196,26 @@ def write_table(sample, path):
                       f"{', ' + options if options else ''})\n")
 
 
+def write_names(sample, path):
+    literal = lambda text: '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+    with open(path, "w", encoding="utf-8") as out:
+        out.write("// Made by generate_sample.py; by keyword id the label and the option names.\n")
+        for keyword in (keyword for keyword in sample.keywords if keyword.name):
+            names = "\\n".join(literal(name)[1:-1] for name in keyword.names + keyword.more)
+            out.write(f'{{{literal(keyword.label)}, "{names}"}},\n')
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("options")
-    parser.add_argument("--ppd", required=True)
-    parser.add_argument("--table", required=True)
+    outputs = {"ppd": write_description, "table": write_table, "names": write_names}
+    for name in outputs:
+        parser.add_argument(f"--{name}")
     words = parser.parse_args()
     sample = Sample(words.options)
-    write_description(sample, words.ppd)
-    write_table(sample, words.table)
+    for name, write in outputs.items():
+        if path := getattr(words, name):
+            write(sample, path)
 
 
 if __name__ == "__main__":

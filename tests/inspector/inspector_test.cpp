@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,10 @@ namespace zn::test {
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
+using Json = nlohmann::json;
 
 std::string Quoted(const std::string& word) {
   return '"' + word + '"';
@@ -92,26 +95,53 @@ std::vector<std::string> Lines(std::string_view text) {
   return lines;
 }
 
-TEST(Inspector, AnswersInOneLine) {
+// The objects of what is told as JSON Lines.
+std::vector<Json> InspectJson(std::vector<std::string> words, int exitCode = 0) {
+  words.insert(words.begin() + 1, "--json");
+  const Outcome outcome = RunInspector(words);
+  EXPECT_EQ(outcome.exitCode, exitCode) << testing::PrintToString(words);
+  EXPECT_EQ(outcome.error, "");
+  std::vector<Json> objects;
+  for (const std::string& line : Lines(outcome.output)) {
+    objects.push_back(Json::parse(line));
+  }
+  return objects;
+}
+
+std::string BytesOf(const CDevMode& block) {
+  return {reinterpret_cast<const char*>(block.Bytes().data()), block.Bytes().size()};
+}
+
+constexpr std::string_view kFavorite =
+    "12\n-7\n5\nComment=\x95\x5c\x8e\x86\n"  // double-byte, a backslash as trail byte
+    "EXT_NUP=4\t\tOUT_BOTH=1\t\tPG_PPSIZE=7\t\tEXT_PGSIZE=5\t\tNEW_TAG=x\t\tOT_HRLNW=0.5\t\t"
+    "MEMO_CMT=a\x1B\x7F\xFF\t\tSP_FMPAS=secret\t\tOT_USEICUP=secret\t\tOUT_PPSWM=12.34\t\t"
+    "CBS_PG=5\t\t\nPageSize=A3 wide\n";
+
+TEST(Inspector, AnswersInText) {
   const struct {
     std::vector<std::string> words;
     std::string answer;
   } rows[] = {
-      {{"keyword", "NupBorder"}, "265 NupBorder"},
-      {{"codes", "59"}, "10 9 8 7 6 5 4 3 2 1 0"},
-      {{"codes", "4294967295"}, "0 1"},
-      {{"restriction", "--group", "0"}, "allowed"},
-      {{"restriction", "--group", "2", "ZNStaple=19", "ZNMixSizePrint=1"}, "refused 4102"},
-      {{"restriction", "--group", "2", "ZNStaple=9", "ZNPunch=1"}, "conflict ZNPunch"},
-      {{"restriction", "--group", "2", "ZNStaple=9", "ZNBookletFinishing=1"}, "conflict -"},
+      {{"keyword", "Duplex", "330"},
+       "id=6\nkeyword=Duplex\nlabel=両面\n0\t0\tNone\n1\t1\tDuplexNoTumble\n2\t-\tDuplexTumble\n"
+       "id=330\nkeyword=\nlabel=\n0\t0\t-\n1\t1\t-\n2\t2\t-\n"},
+      {{"restriction", "--group", "0"}, "verdict=allowed\n"},
+      {{"restriction", "--group", "ZNStaple", "ZNStaple=19", "ZNMixSizePrint=True"},
+       "verdict=refused\nmessage=4102\n"},
+      {{"restriction", "--group", "2", "ZNStaple=9", "ZNPunch=1"},
+       "verdict=conflict\nother=ZNPunch\n"},
+      {{"restriction", "--group", "2", "ZNStaple=9", "ZNBookletFinishing=1"},
+       "verdict=conflict\nother=\n"},
       {{"restriction", "--group", "5", "Duplex=1", "ZNMediaTypeBypass=5",
         "ZNMediaTypeWeightBypass=8"},
-       "conflict Duplex"},
-      {{"restriction", "--group", "2", "ZNStaple=9", "ZNPunch=-2147483648"}, "allowed"},
+       "verdict=conflict\nother=Duplex\n"},
+      {{"restriction", "--group", "2", "ZNStaple=9", "ZNPunch=-2147483648"}, "verdict=allowed\n"},
   };
   for (const auto& [words, answer] : rows) {
-    EXPECT_EQ(Inspect(words), answer + '\n') << testing::PrintToString(words);
+    EXPECT_EQ(Inspect(words), answer) << testing::PrintToString(words);
   }
+  EXPECT_THAT(Inspect({"--help"}), HasSubstr("diff A B"));
 }
 
 TEST(Inspector, RefusesInOneLineAndWritesNothing) {
@@ -127,18 +157,20 @@ TEST(Inspector, RefusesInOneLineAndWritesNothing) {
     std::vector<std::string> words;
   } rows[] = {
       {1, {"keyword", "collate"}},
+      {1, {"keyword", "265x"}},
+      {1, {"keyword", "4294967296"}},
       {1, {"devmode", "--default", folder.Path("no/such/folder")}},
+      {1, {"devmode", folder.Path("missing")}},
+      {1, {"devmode", longer}},
+      {1, {"devmode", "--convert", block, longer, out}},
       {1, {"favorite", bad, "--save", out}},
       {1, {"favorite", folder.Path("missing")}},
+      {1, {"profile", folder.Path("missing")}},
+      {2, {"diff", favorite, bad}},
+      {2, {"diff", favorite}},
       {2, {}},
       {2, {"nonsense"}},
-      {2, {"keyword", "Collate", "Duplex"}},
-      {2, {"codes", "-1"}},
-      {2, {"codes", "4294967296"}},
-      {2, {"devmode", folder.Path("missing")}},
-      {2, {"devmode", longer}},
       {2, {"devmode", "--unknown", out}},
-      {2, {"devmode", "--convert", block, longer, out}},
       {2, {"devmode", "--merge", block, block}},
       {2, {"favorite", favorite, "--store", out}},
       {2, {"record", "--fresh"}},
@@ -161,11 +193,7 @@ TEST(Inspector, RefusesInOneLineAndWritesNothing) {
   }
 }
 
-std::string BytesOf(const CDevMode& block) {
-  return {reinterpret_cast<const char*>(block.Bytes().data()), block.Bytes().size()};
-}
-
-TEST(Inspector, PrintsOffsetNameValueIdAndNoteOfEveryField) {
+TEST(Inspector, TellsOffsetNameValueIdAndNoteOfEveryField) {
   const TempFolder folder;
   CDevMode block{};
   block.SetDefaults();
@@ -173,22 +201,23 @@ TEST(Inspector, PrintsOffsetNameValueIdAndNoteOfEveryField) {
   block.SetText(devmode::kComment, "one\r\ntwo\tthree");
   std::memset(&block.Bytes()[devmode::kFavoriteName], 'x', 28);
   block.SetText(devmode::kJobOwnerPassword, "secret");
-  block.SetText(devmode::kJobName, "\x95\x5c\x8e\x86");  // double-byte, a backslash as trail byte
+  block.SetText(devmode::kJobName, "\x95\x5c\x8e\x86");
   const auto lines = Lines(Inspect({"devmode", folder.Write("block", BytesOf(block))}));
-  EXPECT_EQ(lines.size(), DevModeFields().size());
-  EXPECT_THAT(lines, Contains("0\tsize of the block\t9328\t-"));
+  EXPECT_EQ(lines.size(), 1 + DevModeFields().size());
+  EXPECT_THAT(lines, Contains("0\tsize of the block\t9328\t-\t-"));
   EXPECT_THAT(lines, Contains("24\timage output resolution, dpi\t1201\t4302\toutside 1..1200"));
-  EXPECT_THAT(lines, Contains("2160\tjob name\t\x95\x5c\x8e\x86\t-"));
+  EXPECT_THAT(lines, Contains("2160\tjob name\t表紙\t-\t-"));
   EXPECT_THAT(lines,
               Contains("2416\tfavourite name\t" + std::string(28, 'x') + "\t-\tnot terminated"));
-  EXPECT_THAT(lines, Contains("9149\tjob owner password\t(6 bytes)\t-"));
+  EXPECT_THAT(lines, Contains("9149\tjob owner password\t(6 bytes)\t-\t-"));
   EXPECT_THAT(lines, Contains("2444\tcomment\tone\\r\\ntwo\\tthree\t-\thas control characters"));
 
   for (const char byte : {'\n', '\xFF'}) {
-    const std::string path = folder.Write("block", std::string(kDevModeSize, byte));
-    const std::string hostile = Inspect({"devmode", path});
-    EXPECT_EQ(Lines(hostile).size(), DevModeFields().size());
-    EXPECT_THAT(hostile, HasSubstr("expected 9328"));
+    const auto hostile =
+        InspectJson({"devmode", folder.Write("block", std::string(kDevModeSize, byte))});
+    ASSERT_EQ(hostile.size(), 1U);
+    EXPECT_EQ(hostile[0]["fields"].size(), DevModeFields().size());
+    EXPECT_EQ(hostile[0]["fields"][0]["note"], "expected 9328");
   }
 }
 
@@ -207,58 +236,181 @@ TEST(Inspector, ConvertAndMergeWriteTheDestination) {
   }
 }
 
-constexpr std::string_view kFavorite =
-    "12\n-7\n5\nComment=spring fair\n"
-    "EXT_NUP=4\t\tPG_PPSIZE=7\t\tEXT_PGSIZE=5\t\tPG_PTYPE=0\t\tNEW_TAG=x\t\tMEMO_CMT=a\x1B[2J\t\t"
-    "SP_FMPAS=secret\t\t"
-    "OUT_PPSWM=12.34\t\tCBS_PG=5\t\t\nPageSize=A3 wide\n";
-
-TEST(Inspector, PrintsAFavoritesEntryThenBothTables) {
+TEST(Inspector, TellsAFavoritesHeadItsSettingsByNameAndAllItems) {
   const TempFolder folder;
-  const std::string output = Inspect({"favorite", folder.Write("x.pfj", kFavorite)});
-  EXPECT_THAT(output,
-              StartsWith("number1=12\nnumber2=-7\nnumber3=5\ncomment=spring fair\n"
-                         "page_size=A3 wide\nEXT_PGSIZE=5\nEXT_ORIENTATION=0\nEXT_NUP=4\n"));
+  const std::string path = folder.Write("x.pfj", kFavorite);
+  const Json favorite = InspectJson({"favorite", path}).at(0);
+  EXPECT_EQ(favorite["number2"], -7);
+  EXPECT_EQ(favorite["comment"], "表紙");
+  EXPECT_EQ(favorite["page_size"], "A3 wide");
+  const Json& settings = favorite["settings"];
+  EXPECT_EQ(settings["Duplex"], "DuplexNoTumble");
+  EXPECT_EQ(settings["ZNColorQRWarning"], "False");
+  EXPECT_EQ(settings["memo text"], favorite["items"]["MEMO_CMT"]);
+  EXPECT_FALSE(settings.contains("Scale"));  // not specified
+  const Json& items = favorite["items"];
+  EXPECT_EQ(items.size(), 13 + 534U);
   // The paper size is PG_PPSIZE in this list, whatever the file's item of that name says.
-  EXPECT_THAT(output, HasSubstr("\nPG_RTEXT=\nPG_PPSIZE=5\nPG_PPSIZEX=0.0\nPG_PPSIZEY=0.0\n"
-                                "PG_PSIZE=7\n"));
-  EXPECT_THAT(output, HasSubstr("\nOUT_PPSWM=12.3\n"));
-  EXPECT_THAT(output, HasSubstr("\nMEMO_CMT=a\\x1B[2J\n"));
-  EXPECT_THAT(output, HasSubstr("\nSP_FMPAS=(6 bytes)\n"));
-  EXPECT_EQ(Lines(output).size(), 5 + 13 + 534U);
-  EXPECT_EQ(Inspect({"record", "--default"}),
-            Inspect({"favorite", folder.Write("fresh.pfj", "0\n0\n")}));
+  EXPECT_EQ(items["PG_PPSIZE"], 5);
+  EXPECT_EQ(items["PG_PSIZE"], 7);
+  EXPECT_EQ(items["OUT_PPSWM"], 12.3);
+  EXPECT_EQ(items["SP_FMPAS"], "(6 bytes)");
+  EXPECT_EQ(items["OT_USEICUP"], "(6 bytes)");
+
+  const std::string text = Inspect({"favorite", path});
+  EXPECT_THAT(text, HasSubstr("\nsettings.Duplex=DuplexNoTumble\n"));
+  EXPECT_THAT(text, HasSubstr("\nitems.MEMO_CMT=a\\x1B\\x7F"));
+  EXPECT_EQ(text.find("secret"), text.npos);
+
+  Json fresh = InspectJson({"favorite", folder.Write("fresh.pfj", "0\n0\n")}).at(0);
+  fresh.erase("file");
+  EXPECT_EQ(InspectJson({"record", "--default"}), std::vector{fresh});
 }
 
 TEST(Inspector, SavesAFavoriteOverAFileAndKeepsItsUnknownItems) {
   const TempFolder folder;
-  const std::string from = folder.Write("from.pfj", kFavorite);
+  const std::string from = folder.Write("from.pfj", "12\n-7\n5\nComment=x\nEXT_NUP=4\t\t\n");
   const std::string over = folder.Write("over.pfj", "1\n2\nOLD=1\t\tEXT_NUP=9\t\t\n");
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(Inspect({"favorite", from, "--save", over}), "");
-    EXPECT_THAT(
-        folder.Read("over.pfj"),
-        StartsWith("12\n-7\n5\nComment=spring fair\nOLD=1\t\tEXT_NUP=4\t\tEXT_PGSIZE=5\t\t"));
+    EXPECT_THAT(folder.Read("over.pfj"),
+                StartsWith("12\n-7\n5\nComment=x\nOLD=1\t\tEXT_NUP=4\t\t"));
   }
 }
 
-TEST(Inspector, PrintsTheAnswersOfAProfile) {
+TEST(Inspector, TellsSettingBySettingWhatDiffers) {
   const TempFolder folder;
-  const auto lines = Lines(Inspect({"profile", folder.Write("device.cps",
-                                                            "HasOption_InputSlot=Manual\r\n"
-                                                            "HasOption_InputSlot=Tray2\r\n"
-                                                            "HasOption_CFinisher=true\r\n"
-                                                            "HasOption_ZNPunch=true\r\n"
-                                                            "CustomPaperName20=\x95\x5C a=b\r\n"
-                                                            "Watermark100= last\x1B[2J\r\n")}));
-  ASSERT_EQ(lines.size(), 3 + 20 + 100U);
-  EXPECT_EQ(lines[0], "tray=1 0 1 0 0 0 1");
-  EXPECT_EQ(lines[1], "output=1 0 0 1 1 0");
-  EXPECT_EQ(lines[2], "punch=1 1 1");
-  EXPECT_EQ(lines[3], "paper1=");
-  EXPECT_EQ(lines[22], "paper20=\x95\x5C a=b");
-  EXPECT_EQ(lines[122], "watermark100= last\\x1B[2J");
+  std::string other(kFavorite);
+  other.replace(other.find("OUT_BOTH=1"), 10, "OUT_BOTH=2");
+  other.replace(other.find("=secret"), 7, "=longer secret");
+  const std::string a = folder.Write("a.pfj", kFavorite);
+  const std::string b = folder.Write("b.pfj", other);
+  CDevMode values{};
+  values.SetDefaults();
+  const std::string block = folder.Write("block", BytesOf(values));
+  values.SetDWord(devmode::kTiffDpi, 300);
+  values.SetText(devmode::kJobName, "n");
+  values.SetText(devmode::kJobOwnerPassword, "secret");
+  const std::string changed = folder.Write("changed", BytesOf(values));
+  const struct {
+    std::string a, b, lines;
+  } rows[] = {
+      {a, a, ""},
+      {block, block, ""},
+      {a, b, "Duplex\tDuplexNoTumble\tDuplexTumble\nform password\t(6 bytes)\t(13 bytes)\n"},
+      {block, changed,
+       "image output resolution, dpi\t600\t300\njob name\t-\tn\n"
+       "job owner password\t-\t(6 bytes)\n"},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = RunInspector({"diff", row.a, row.b});
+    EXPECT_EQ(outcome.exitCode, row.lines.empty() ? 0 : 1);
+    EXPECT_EQ(outcome.output, row.lines);
+  }
+  // Of a favourite and a block that which applying the one would change in the other.
+  const Json mixed = InspectJson({"diff", block, a}, 1).at(0)["differences"];
+  EXPECT_THAT(mixed, Contains(Json{{"name", "poster width, S, tenths"}, {"a", 0.0}, {"b", 12.3}}));
+  EXPECT_THAT(mixed, Contains(Json{{"name", "QR warning threshold"}, {"a", 128}, {"b", 0}}));
+  EXPECT_EQ(mixed.size(), 4U);
 }
+
+TEST(Inspector, TakesFoldersAndGoesOnAfterBadInputs) {
+  const TempFolder folder;
+  folder.Write("2.PFJ", "2\n0\n");
+  folder.Write("1.pfj", "1\n0\n");
+  folder.Write("3.pfj", "bad");
+  folder.Write("4.txt", "4\n0\n");
+  const std::vector<std::string> words{"favorite", folder.Path(), folder.Path("4.txt")};
+  const auto objects = InspectJson(words, 1);
+  ASSERT_EQ(objects.size(), 4U);
+  EXPECT_EQ(objects[0]["number1"], 1);
+  EXPECT_EQ(objects[1]["number1"], 2);
+  EXPECT_TRUE(objects[2].contains("error"));
+  EXPECT_EQ(objects[3]["number1"], 4);
+  const Outcome text = RunInspector(words);
+  EXPECT_EQ(text.exitCode, 1);
+  EXPECT_EQ(Lines(text.error).size(), 1U);
+  EXPECT_THAT(text.output, HasSubstr("\nnumber1=4\n"));
+
+  EXPECT_EQ(InspectJson({"devmode", "--default", folder.Path("block")}).size(), 1U);
+  EXPECT_EQ(InspectJson({"devmode", folder.Path()}).size(), 1U);
+  EXPECT_EQ(InspectJson({"tables"}).size(), 10U);
+  EXPECT_EQ(InspectJson({"keyword", "Duplex"}).at(0)["options"][1]["name"], "DuplexNoTumble");
+  EXPECT_EQ(InspectJson({"restriction", "--group", "1"}).at(0)["verdict"], "refused");
+}
+
+TEST(Inspector, TellsTheAnswersOfAProfile) {
+  const TempFolder folder;
+  folder.Write("device.cps",
+               "HasOption_InputSlot=Manual\r\nHasOption_InputSlot=Tray2\r\n"
+               "HasOption_CFinisher=true\r\nHasOption_ZNPunch=true\r\n"
+               "CustomPaperName20=\x95\x5C a=b\r\nWatermark100= last\x1B[2J\r\n");
+  EXPECT_THAT(Lines(Inspect({"profile", folder.Path()})).size(), 1 + 7 + 5 + 1 + 2U);
+  const Json profile = InspectJson({"profile", folder.Path()}).at(0);
+  EXPECT_EQ(profile["tray"], Json::parse(R"({"AutoSelect": true, "Tray1": false, "Tray2": true,
+      "Tray3": false, "Tray6": false, "Tray7": false, "Manual": true})"));
+  EXPECT_EQ(profile["output"]["フィニッシャートレイ"], true);
+  EXPECT_EQ(profile["punch"], true);
+  EXPECT_EQ(profile["paper"], Json({{"20", "表 a=b"}}));
+  EXPECT_EQ(profile["watermark"], Json({{"100", " last\x1B[2J"}}));
+}
+
+#ifdef ZN_SAMPLE_PPD
+
+// The sample printer description with `from` replaced.
+std::string Changed(std::string_view from, std::string_view to) {
+  const std::filesystem::path sample(ZN_SAMPLE_PPD);
+  std::ifstream file(sample, std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(file), {}};
+  for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+TEST(Inspector, HoldsAPrinterDescriptionAgainstTheTables) {
+  const TempFolder folder;
+  const std::string staple = "*UIConstraints: *ZNStaple Option1 *ZNPunch ";
+  const struct {
+    std::string from, to;
+    std::vector<std::string> findings;  // those that make it not fit
+  } rows[] = {
+      {"", "", {}},
+      {"ZNFold",
+       "ZNFolder",
+       {"unknown to the plug-in ZNFolder", "missing in the description ZNFold"}},
+      {"*ZNFold Option10/", "*%", {"options and codes differ in number ZNFold"}},
+      {"*CloseGroup: ZN", staple + "Option2\n" + staple + "Option4\n*CloseGroup: ZN", {}},
+      {"*CloseGroup: ZN", staple + "Option1\n*CloseGroup: ZN", {"constraint not checked ZNStaple"}},
+      {"*CloseGroup: ZN",
+       "*UIConstraints: *Duplex *ZNFold\n*CloseGroup: ZN",
+       {"constraint not checked Duplex"}},
+  };
+  for (const auto& [from, to, findings] : rows) {
+    SCOPED_TRACE(to);
+    const std::string path =
+        folder.Write("x.ppd", from.empty() ? Changed("\1", "") : Changed(from, to));
+    const Json fit = InspectJson({"ppd", path}, findings.empty() ? 0 : 1).at(0);
+    EXPECT_EQ(fit["fits"], findings.empty());
+    std::vector<std::string> found;
+    std::size_t unstated = 0;
+    for (const Json& row : fit["findings"]) {
+      if (row["finding"] == "rule of the plug-in only") {
+        ++unstated;
+      } else {
+        found.push_back(row["finding"].get<std::string>() + ' ' +
+                        row["keyword"].get<std::string>());
+      }
+    }
+    EXPECT_EQ(found, findings);
+    // What the description states itself is no rule of the plug-in only.
+    EXPECT_EQ(unstated, to.find("Option4\n") != to.npos ? 51U : 52U);
+  }
+  EXPECT_TRUE(
+      InspectJson({"ppd", folder.Write("bad.ppd", "no description")}, 1)[0].contains("error"));
+}
+
+#endif
 
 }  // namespace
 }  // namespace zn::test
