@@ -254,7 +254,7 @@ void PageFrame::Show() {
   PageSources sources(sheet_);
   const auto show = [&](const ControlRow& row) {
     if (row.installed != Installed::Always || row.images.of != nullptr) {
-      Fill(row, sources, false);
+      ShowImages(row, sources);
     }
     Select(row, sheet_.Current(row.keyword));
   };
@@ -269,6 +269,24 @@ void PageFrame::Show() {
   }
   EnableControls();
   RedrawIllustration();
+}
+
+// The names stay as they are: asking the companion for them would load it.
+void PageFrame::ShowImages(const ControlRow& row, PageSources& sources) {
+  const HWND list = ControlOf(row);
+  const auto count = static_cast<std::size_t>(::SendMessageA(list, CB_GETCOUNT, 0, 0));
+  if (count == 0) {
+    Fill(row, sources, false);
+    return;
+  }
+  const auto images = ImagesOf(row, sources, count);
+  for (std::size_t entry = 0; images && entry < count; ++entry) {
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+    item.iItem = static_cast<INT_PTR>(entry);
+    item.iImage = item.iSelectedImage = images->empty() ? kNoImage : (*images)[entry];
+    ::SendMessageA(list, CBEM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  }
 }
 
 void PageFrame::ShowSelections() {

@@ -67,6 +67,8 @@ class PageFrame {
   // One image per entry, or none at all; nothing when the device cannot be asked.
   [[nodiscard]] std::optional<std::vector<int>> ImagesOf(const ControlRow& row,
                                                          PageSources& sources, std::size_t count);
+  // Gives the entries their images of now.
+  void ShowImages(const ControlRow& row, PageSources& sources);
   [[nodiscard]] std::vector<std::string> NamesOf(const ControlRow& row, PageSources& sources);
   void SetCaption(const ControlRow& row, PageSources& sources, HWND label);
   [[nodiscard]] bool IsPresent(const ControlRow& row) const {
