@@ -212,6 +212,7 @@ void TreePage::ShowChangedItems() {
     if ((Item(i).Flags & OPTIF_CHANGED) != 0) {
       ShowItem(i);
       if (i == edited_) {
+        edited_ = ItemCount();  // what its editor shows is of before the change
         OpenEditor(i);
       }
     }

@@ -77,8 +77,9 @@ bool DrawIllustration(const DRAWITEMSTRUCT& item, const SheetContext& sheet,
     return false;
   }
   // Drawn aside and copied at once, so that nothing flickers.
-  const UniqueMemoryDC memory(::CreateCompatibleDC(item.hDC));
+  // The bitmap goes last: one that is selected into a context cannot be deleted.
   const UniqueBitmap bitmap(::CreateCompatibleBitmap(item.hDC, width, height));
+  const UniqueMemoryDC memory(::CreateCompatibleDC(item.hDC));
   if (!memory || !bitmap) {
     return false;
   }

@@ -292,7 +292,7 @@ void OrderSheets(JobPicture& picture, bool isCollated, bool isReversed) {
     const int page = isCollated ? index % kPages : index / copies;
     picture.sheets.push_back(isReversed ? kPages - page : page + 1);
   }
-  picture.groupSize = static_cast<std::size_t>(isCollated ? kPages : copies);
+  picture.groupSize = static_cast<std::size_t>(isCollated || copies == 1 ? kPages : copies);
 }
 
 }  // namespace

@@ -30,8 +30,7 @@ constexpr std::array kControls{
                .id = IDC_WATERMARK_ON,
                .governs = true},
     // InitWaterMarkNo, UpdateWaterMarkNo, ApplyWaterMarkNo. On purpose the entry is held against
-    // the
-    // number's bounds, which count from 1: choosing the first entry keeps the stored number.
+    // the number's bounds, which count from 1: choosing the first entry keeps the stored number.
     ControlRow{.keyword = KW_WMSELECTION,
                .kind = ControlKind::List,
                .id = IDC_WATERMARK_NUMBER,

@@ -36,7 +36,8 @@ void LoadFormSizes(const char* printerName) noexcept {
   if (AskSizes(printerName, nullptr) != static_cast<int>(g_formCount)) {
     return;
   }
-  g_formSizes.reset(new (std::nothrow) POINT[g_formCount]());
+  // A form may be added in between, and the answer is not told how much room it has.
+  g_formSizes.reset(new (std::nothrow) POINT[2 * g_formCount + kMaxForms]());
   if (g_formSizes && AskSizes(printerName, g_formSizes.get()) != static_cast<int>(g_formCount)) {
     g_formSizes.reset();
   }

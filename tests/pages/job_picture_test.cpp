@@ -197,7 +197,7 @@ TEST(JobPicture, OrdersTheSheets) {
            Row{3, 0, 0, true, "112233", 2},
            Row{2, 0, 1, true, "332211", 2},
            Row{2, 1, 1, false, "123123", 3},
-           Row{0, 0, 2, true, "123", 1},
+           Row{0, 0, 2, true, "123", 3},
        }) {
     const auto picture =
         Describe({{KW_COPIES, row.copies}, {KW_COLLATE, row.collate}, {KW_PAGEORDER, row.order}},
