@@ -30,4 +30,9 @@ BUDGETS = [
     Budget("profile, 100,000 lines / 10,000", "profile/lines_100000", "profile/lines_10000", 15),
     Budget("load, merge and unload / empty DLL", "load", "empty module", 1.5),
     Budget("open the sheet / with empty pages", "open", "empty pages", 1.3),
+    Budget("companion loads of a page / 1", "companion loads of a page", "loads needed", 1),
+    Budget("choose of 1,000 / read and refill", "choose of 1000", "read and refill", 2),
+    Budget("choose of 10,000 / read and refill", "choose of 10000", "read and refill", 2),
+    Budget("page waits for 1,000 / read them", "wait for 1000", "read 1000", 1),
+    Budget("page waits for 10,000 / for 1,000", "wait for 10000", "wait for 1000", 15),
 ]

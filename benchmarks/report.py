@@ -24,7 +24,7 @@ OPTIONS = [
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 HOST = ["scripts/wine-run", "build/windows/bin/znhost.exe"]
-HOST_VERBS = [["install"], ["load", "500"], ["soak", "30"]]
+HOST_VERBS = [["install"], ["load", "500"], ["open", "30"], ["favorites", "8"]]
 
 
 def output_of(command):
@@ -42,12 +42,14 @@ def measure(program):
 
 
 def measure_host(verb):
-    """The time in nanoseconds of the work that the verb reports, and of its reference, by name."""
-    found = re.search(r"^(.+): (.+) ms, (.+): (.+) ms, ratio", output_of(HOST + verb), re.MULTILINE)
-    if not found:
-        return {}
-    work, ours, reference, theirs = found.groups()
-    return {work: float(ours) * 1e6, reference: float(theirs) * 1e6}
+    """What the verb reports of each work and of its reference, by name: times in nanoseconds, or
+    counts."""
+    measured = {}
+    line = r"^(.+): (.+) (\w+), (.+): (.+) \3, ratio"
+    for work, ours, unit, reference, theirs in re.findall(line, output_of(HOST + verb), re.MULTILINE):
+        size = NANOSECONDS.get(unit, 1)
+        measured |= {work: float(ours) * size, reference: float(theirs) * size}
+    return measured
 
 
 def duration(nanoseconds):

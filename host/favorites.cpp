@@ -27,6 +27,7 @@ namespace {
 constexpr int kFew = 1000;
 constexpr int kMany = 10000;
 constexpr int kChoices = 10;  // in each round
+constexpr int kDifferences[] = {IDC_BASIC_COLOR_MODE, IDC_BASIC_DUPLEX, IDC_BASIC_NUP};
 constexpr char kOne[] = "one";
 constexpr char kOther[] = "other";
 
@@ -41,7 +42,7 @@ void MakeFavorites(PrivateFavorites& favorites, PlugIn& plugIn, const Queue& que
   sheet.Open();
   const HWND page = sheet.Sheet().ShowPage(0);
   SaveFavorite(sheet.Sheet(), page, kOne);
-  for (const int list : {IDC_BASIC_COLOR_MODE, IDC_BASIC_DUPLEX, IDC_BASIC_NUP}) {
+  for (const int list : kDifferences) {
     ChooseEntry(::GetDlgItem(page, list), 1);
   }
   SaveFavorite(sheet.Sheet(), page, kOther);
@@ -76,6 +77,7 @@ void Update(HWND page) {
 // Favourites from all over the list, one kind after the other.
 void TimeChoices(std::vector<double>& times, HWND page, int count) {
   const HWND list = ::GetDlgItem(page, IDC_BASIC_FAVORITES);
+  ChooseEntry(list, 0);  // an opened list has all its entries
   if (::SendMessageA(list, CB_GETCOUNT, 0, 0) != count + 1) {
     throw HostError("the page does not list all favourites");
   }
@@ -97,6 +99,10 @@ void TimeRefills(std::vector<double>& times, HWND page, const std::string& file)
         throw HostError("cannot read " + file);
       }
       ::SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
+      for (const int list : kDifferences) {  // as drawn for another favourite
+        ::RedrawWindow(::GetDlgItem(page, list), nullptr, nullptr,
+                       RDW_INVALIDATE | RDW_ALLCHILDREN);
+      }
       Update(page);
     });
   }

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "pages/page_images.h"
@@ -15,25 +16,70 @@ namespace {
 constexpr LPARAM kStandardData = -1;  // the favourites count from 0
 constexpr int kStandardImage = 1;
 constexpr int kFavoriteImage = 2;
+constexpr UINT_PTR kFillTimer = 1;
+
+// Entries that are made in one go: a list of 10,000 would keep the page from opening.
+constexpr std::size_t kPortion = 250;
+
+// One tick at a time, so that other messages come in between.
+void CALLBACK FillOn(HWND list, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) noexcept {
+  ::KillTimer(list, timer);
+  try {
+    if (auto* const sheet =
+            reinterpret_cast<SheetContext*>(::GetWindowLongPtrA(::GetParent(list), DWLP_USER))) {
+      FavoritesList(list, SheetFavorites::Of(*sheet)).FillOnWhenIdle();
+    }
+  } catch (...) {  // without memory the list stays short until it is opened
+  }
+}
 
 }  // namespace
 
 void FavoritesList::Fill() const {
-  const FavoritesStore& store = favorites_.List();
-  std::vector<std::string> names{LoadResourceString(IDS_STANDARD_FAVORITE)};
-  names.reserve(store.Count() + 1);
-  for (std::size_t i = 0; i < store.Count(); ++i) {
-    names.push_back(store.Name(i));
-  }
-  std::vector<int> images(names.size(), kFavoriteImage);
-  images.front() = kStandardImage;
-  FillList(list_, true, names, images, kStandardData);
+  std::string standard = LoadResourceString(IDS_STANDARD_FAVORITE);
+  FillList(list_, true, {&standard, 1}, std::span(&kStandardImage, 1), kStandardData);
   SetMark(0);
   Select(SheetFavorites::Choice());
+  FillOnWhenIdle();
+}
+
+void FavoritesList::FillOnWhenIdle() const {
+  if (!FillMore(kPortion)) {
+    ::SetTimer(list_, kFillTimer, USER_TIMER_MINIMUM, &FillOn);
+  }
+}
+
+bool FavoritesList::FillMore(std::size_t most) const {
+  const FavoritesStore& store = favorites_.List();
+  const std::size_t first = CountFilled();
+  const std::size_t count = std::min(most, store.Count() - std::min(first, store.Count()));
+  if (count != 0) {
+    std::vector<std::string> names;
+    names.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      names.push_back(store.Name(first + i));
+    }
+    const std::vector<int> images(count, kFavoriteImage);
+    AddToList(list_, true, names, images, static_cast<LPARAM>(first));
+  }
+  return first + count >= store.Count();
+}
+
+void FavoritesList::FillAll() const {
+  FillMore(favorites_.List().Count());
+}
+
+std::size_t FavoritesList::CountFilled() const {
+  const LRESULT others = Mark() != 0 ? 2 : 1;  // the standard one, and the marked one
+  const LRESULT count = ::SendMessageA(list_, CB_GETCOUNT, 0, 0);
+  return static_cast<std::size_t>(std::max(count - others, LRESULT{0}));
 }
 
 void FavoritesList::Select(SheetFavorites::Choice choice) const {
   RemoveMark();
+  if (choice && *choice >= CountFilled()) {
+    FillAll();
+  }
   ::SendMessageA(list_, CB_SETCURSEL, choice ? *choice + 1 : 0, 0);
 }
 

@@ -19,8 +19,12 @@ class FavoritesList {
   FavoritesList(HWND list, SheetFavorites& favorites) noexcept
       : list_(list), favorites_(favorites) {}
 
-  // Shows the favourites that the sheet knows now and selects the standard settings.
+  // Shows the favourites that the sheet knows now and selects the standard settings. Of many, the
+  // first are there at once, and the others follow while messages are handled.
   void Fill() const;
+  void FillAll() const;
+  // Adds the next entries, and has itself called again while some are left.
+  void FillOnWhenIdle() const;
   // Selects an entry without a mark; a name that the sheet does not know: the standard settings.
   void Select(SheetFavorites::Choice choice) const;
   void Select(std::string_view name) const { Select(favorites_.List().Find(name)); }
@@ -36,6 +40,9 @@ class FavoritesList {
 
  private:
   [[nodiscard]] LRESULT SelectedEntry() const;
+  [[nodiscard]] std::size_t CountFilled() const;  // the favourites that have their entry
+  // Adds the next entries, `most` of them or all that are left; true when none is left then.
+  bool FillMore(std::size_t most) const;
   void InsertMark(LRESULT base) const;
   void RemoveMark() const;
   // Where the marked entry stands; 0: nowhere.

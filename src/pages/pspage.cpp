@@ -57,6 +57,12 @@ void FillList(HWND list, bool isExtended, std::span<std::string> names, std::spa
               std::optional<LPARAM> firstData) {
   const PaintPause pause(list);
   ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
+  AddToList(list, isExtended, names, images, firstData);
+}
+
+void AddToList(HWND list, bool isExtended, std::span<std::string> names,
+               std::span<const int> images, std::optional<LPARAM> firstData) {
+  const PaintPause pause(list);
   for (std::size_t index = 0; index < names.size(); ++index) {
     const LPARAM data = firstData.value_or(0) + static_cast<LPARAM>(index);
     if (!isExtended) {

@@ -28,6 +28,9 @@ void SetLabelText(HWND label, const std::string& text, bool colon);
 // all. The entries' item data count up from `firstData`, if it is given.
 void FillList(HWND list, bool isExtended, std::span<std::string> names, std::span<const int> images,
               std::optional<LPARAM> firstData = {});
+// Adds entries behind the others.
+void AddToList(HWND list, bool isExtended, std::span<std::string> names,
+               std::span<const int> images, std::optional<LPARAM> firstData);
 
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;

@@ -263,6 +263,7 @@ int CStandardPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*
   if (sheet != nullptr && controlId == IDC_BASIC_FAVORITES) {
     switch (notifyCode) {
       case CBN_DROPDOWN:
+        ListOf(window_, *sheet).FillAll();
         RememberFavorite(ListOf(window_, *sheet));
         return 1;
       case CBN_SELENDOK:

@@ -1,5 +1,7 @@
 // The basic page, driven by messages as its user would. The favourites lie in a folder of the test;
 // the printer has four papers, of which the last is the custom one.
+#include <share.h>
+
 #include <cstring>
 
 #include "bridge/companion_abi.h"
@@ -64,6 +66,19 @@ class BasicPage : public PageSheetTest {
     ::SendMessageA(Control(IDC_BASIC_FAVORITES), CBEM_GETITEMA, 0,
                    reinterpret_cast<LPARAM>(&entry));
     return text;
+  }
+  // How many files are opened while `work` is done.
+  template <class Work>
+  static int FilesOpened(Work&& work) {
+    static int opened;
+    opened = 0;
+    const ImportPatch patch(
+        ::GetModuleHandleA(nullptr), "fopen", +[](const char* path, const char* mode) {
+          ++opened;
+          return ::_fsopen(path, mode, _SH_DENYNO);
+        });
+    work();
+    return opened;
   }
   [[nodiscard]] LRESULT Entries() const {
     return ::SendMessageA(Control(IDC_BASIC_FAVORITES), CB_GETCOUNT, 0, 0);
@@ -276,10 +291,10 @@ TEST_F(BasicPage, TheMarkFollowsSavingChoosingRestoringAndReopening) {
   Save("", "fair", "for the fair");
   EXPECT_EQ(Favorite(), "fair");
   EXPECT_EQ(Entries(), 2);
-  Choose(IDC_BASIC_DUPLEX, 1);
+  EXPECT_EQ(FilesOpened([this] { Choose(IDC_BASIC_DUPLEX, 1); }), 0) << "the mark reads no file";
   EXPECT_EQ(Favorite(), Japanese("<変更>fair"));
   EXPECT_EQ(Entries(), 3);
-  Save("fair", nullptr);  // over the old one
+  EXPECT_GT(FilesOpened([this] { Save("fair", nullptr); }), 0) << "over the old one";
   EXPECT_EQ(Favorite(), "fair");
   EXPECT_EQ(Favorites().List().Count(), 1u);
   EXPECT_EQ(Favorites().Load(0)->comment, "for the fair");
