@@ -31,7 +31,50 @@ void AppendChange(std::string& report, const char* kind, const std::string& name
   report.append(" -> ").append(after).append("\n");
 }
 
+// The core driver's own values behind the documented DEVMODE.
+struct DriverField {
+  const char* name;
+  std::uint32_t DriverPrivateDevMode::*member;
+};
+constexpr DriverField kDriverFields[] = {
+    {"flags", &DriverPrivateDevMode::flags},
+    {"noBorder", &DriverPrivateDevMode::noBorder},
+    {"psOutputOption", &DriverPrivateDevMode::psOutputOption},
+    {"trueTypeFontDownload", &DriverPrivateDevMode::trueTypeFontDownload},
+    {"customPaperWidth", &DriverPrivateDevMode::customPaperWidth},
+    {"customPaperHeight", &DriverPrivateDevMode::customPaperHeight},
+    {"customPaperDirection", &DriverPrivateDevMode::customPaperDirection},
+};
+
 }  // namespace
+
+std::string DevModeReport(const PrinterDescription& description, const QueueDevMode& before,
+                          const QueueDevMode& after) {
+  std::string report;
+  for (const OptionChange& change : OptionItems(description, after).ChangesSince(before)) {
+    AppendChange(report, "option", change.keyword, change.before, change.after);
+  }
+  const auto appendDriver = [&report](const char* name, std::uint32_t then, std::uint32_t now) {
+    if (then != now) {
+      AppendChange(report, "driver", name, std::to_string(then), std::to_string(now));
+    }
+  };
+  const DriverPrivateDevMode& then = before.Private().driver;
+  const DriverPrivateDevMode& now = after.Private().driver;
+  for (const DriverField& field : kDriverFields) {
+    appendDriver(field.name, then.*field.member, now.*field.member);
+  }
+  appendDriver("psLanguageLevel", then.psLanguageLevel, now.psLanguageLevel);
+  const CDevMode& oldBlock = before.Private().block;
+  const CDevMode& newBlock = after.Private().block;
+  for (const DevModeField& field : DevModeFields()) {
+    if (!SameField(oldBlock, newBlock, field)) {
+      AppendChange(report, "block", std::to_string(field.offset) + " " + field.name,
+                   FieldText(oldBlock, field), FieldText(newBlock, field));
+    }
+  }
+  return report;
+}
 
 std::string SheetReport(DocumentSheet& sheet, const DriverHelper& helper,
                         const QueueDevMode& kept) {
@@ -42,18 +85,7 @@ std::string SheetReport(DocumentSheet& sheet, const DriverHelper& helper,
   for (const SettingUpdate& update : helper.Updates()) {
     AppendChange(report, "update", update.keyword, update.before, update.after);
   }
-  OptionItems ends(sheet.Items().Description(), kept);
-  for (const OptionChange& change : ends.ChangesSince(sheet.Start())) {
-    AppendChange(report, "option", change.keyword, change.before, change.after);
-  }
-  const CDevMode& before = sheet.Start().Private().block;
-  const CDevMode& after = kept.Private().block;
-  for (const DevModeField& field : DevModeFields()) {
-    if (!SameField(before, after, field)) {
-      AppendChange(report, "block", std::to_string(field.offset) + " " + field.name,
-                   FieldText(before, field), FieldText(after, field));
-    }
-  }
+  report += DevModeReport(sheet.Items().Description(), sheet.Start(), kept);
   for (const std::string& fault : sheet.Faults()) {
     report += "fault: " + fault + "\n";
   }

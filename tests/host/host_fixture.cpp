@@ -43,6 +43,12 @@ host::QueueDevMode HostTest::Defaults() const {
   return host::DocumentSheet::StartDevMode(*plugIn_, *queue_, &defaults);
 }
 
+std::unique_ptr<host::DocumentSheet> HostTest::Open(const host::QueueDevMode& start) const {
+  auto sheet = std::make_unique<host::DocumentSheet>(*plugIn_, *queue_, start);
+  sheet->Open();
+  return sheet;
+}
+
 void Choose(HWND page, int list, int index) {
   const HWND control = ::GetDlgItem(page, list);
   ASSERT_NE(control, nullptr) << "control " << list;
@@ -60,14 +66,6 @@ void Enter(HWND page, int edit, const char* text) {
   ASSERT_NE(::GetDlgItem(page, edit), nullptr) << "control " << edit;
   // By message, so that the sheets of other processes can be worked, too.
   ::SendDlgItemMessageA(page, edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-}
-
-int Chosen(HWND page, int list) {
-  return static_cast<int>(::SendDlgItemMessageA(page, list, CB_GETCURSEL, 0, 0));
-}
-
-bool IsChecked(HWND page, int button) {
-  return ::IsDlgButtonChecked(page, button) == BST_CHECKED;
 }
 
 std::string TextOf(HWND page, int control) {

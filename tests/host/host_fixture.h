@@ -28,6 +28,7 @@ class HostTest : public ::testing::Test {
   ~HostTest() override;
 
   [[nodiscard]] host::QueueDevMode Defaults() const;
+  [[nodiscard]] std::unique_ptr<host::DocumentSheet> Open(const host::QueueDevMode& start) const;
 
   std::unique_ptr<host::Queue> queue_;
   std::unique_ptr<host::PlugIn> plugIn_;
@@ -38,8 +39,6 @@ void Choose(HWND page, int list, int index);
 void Click(HWND page, int button);
 void Enter(HWND page, int edit, const char* text);
 
-[[nodiscard]] int Chosen(HWND page, int list);
-[[nodiscard]] bool IsChecked(HWND page, int button);
 [[nodiscard]] std::string TextOf(HWND page, int control);
 [[nodiscard]] std::string TreeItemText(HWND tree, HTREEITEM node);
 

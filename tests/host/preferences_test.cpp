@@ -20,18 +20,12 @@ constexpr int kGray = 1;                                             // of the c
 
 class PreferencesTest : public HostTest {
  protected:
-  std::unique_ptr<DocumentSheet> Open(const QueueDevMode& start) {
-    auto sheet = std::make_unique<DocumentSheet>(*plugIn_, *queue_, start);
-    sheet->Open();
-    return sheet;
-  }
-
   std::string Report(DocumentSheet& sheet, const QueueDevMode& kept) {
     return host::SheetReport(sheet, plugIn_->Helper(), kept);
   }
 };
 
-TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
+TEST_F(PreferencesTest, ChangesAreHandedOn) {
   const auto sheet = Open(Defaults());
   ASSERT_EQ(sheet->Sheet().PageCount(), kPages);
   const HWND jobPage = sheet->Sheet().ShowPage(kJobPage);
@@ -53,53 +47,6 @@ TEST_F(PreferencesTest, ChangesAreHandedOnShownAgainAndRestored) {
   EXPECT_THAT(Lines(report, "fault:"), IsEmpty());
   EXPECT_EQ(kept.Private().block.GetDWord(devmode::kJobNameMode), 1u);
   EXPECT_EQ(kept.Private().block.GetText(devmode::kJobName), kJobNameText);
-
-  queue_->Store(kept);
-  for (const bool restore : {false, true}) {
-    SCOPED_TRACE(restore ? "restored" : "untouched");
-    const auto again = Open(DocumentSheet::StartDevMode(*plugIn_, *queue_));
-    const HWND page = again->Sheet().ShowPage(kJobPage);
-    if (restore) {
-      Click(page, IDC_RESTORE_DEFAULTS);
-    }
-    EXPECT_EQ(Chosen(page, IDC_JOB_COLOR_MODE), restore ? 0 : kGray);
-    EXPECT_EQ(Chosen(page, IDC_JOB_PRINTER_MODE), restore ? 0 : 2);
-    EXPECT_TRUE(IsChecked(page, restore ? IDC_JOB_SPOOL_NONE : IDC_JOB_SPOOL_AFTER_PRINT));
-    EXPECT_EQ(TextOf(page, IDC_JOB_NAME), kJobNameText);  // no matter of the defaults
-    again->Sheet().PressOk();
-    const std::string second = Report(*again, again->Finish());
-    if (restore) {
-      EXPECT_THAT(
-          Lines(second, "option"),
-          UnorderedElementsAre("ColorModel: Gray -> CMYK", "ZNPrinterMode: Option2 -> Option0",
-                               "ZNSpoolOption: Option1 -> Option0"));
-    } else {
-      EXPECT_THAT(Lines(second, "update"), IsEmpty());
-      EXPECT_THAT(Lines(second, "option"), IsEmpty());
-      EXPECT_THAT(Lines(second, "block"), IsEmpty());
-    }
-  }
-}
-
-TEST_F(PreferencesTest, CancelKeepsWhatTheLastApplyLeft) {
-  const QueueDevMode start = Defaults();
-  for (const bool apply : {false, true}) {
-    const auto sheet = Open(start);
-    HWND page = sheet->Sheet().ShowPage(kJobPage);
-    Choose(page, IDC_JOB_COLOR_MODE, kGray);
-    if (apply) {
-      sheet->Sheet().PressApply();
-      EXPECT_TRUE(sheet->Sheet().IsOpen());
-    }
-    Choose(page, IDC_JOB_PRINTER_MODE, 3);
-    ASSERT_NE(sheet->Sheet().ShowPage(kBasicPage), nullptr);  // leaving the page commits it
-    sheet->Sheet().PressCancel();
-    EXPECT_FALSE(sheet->Sheet().EndedWithOk());
-    const std::string report = Report(*sheet, sheet->Finish());
-    const std::vector<std::string> applied(apply ? 1 : 0, "ColorModel: CMYK -> Gray");
-    EXPECT_EQ(Lines(report, "option"), applied);
-    EXPECT_THAT(Lines(report, "block"), IsEmpty());
-  }
 }
 
 TEST_F(PreferencesTest, DriverNoticesWhatItWasNotTold) {
