@@ -1,6 +1,6 @@
-// Settings blocks of any content and length merge as the plain merge says, and a second merge
-// changes nothing. The input is a row of patches on a defaulted block: offset (2 bytes), length
-// (1), bytes.
+// Settings blocks of any content and length merge as the plain merge says, a second merge changes
+// nothing, and a copy keeps its own header. The input is a row of patches on a defaulted block:
+// offset (2 bytes), length (1), bytes.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -46,6 +46,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CDevMode merged = zn::test::Defaulted();
   merged.Merge(memory.get());
   Require(zn::test::FirstDifference(merged, expected) == -1);
+
+  CDevMode copied = zn::test::Defaulted();
+  copied.CopyFrom(memory.get());
+  Require(copied.IsCurrent());
 
   CDevMode again = merged;
   again.Merge(&again);

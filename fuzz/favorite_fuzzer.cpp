@@ -1,7 +1,14 @@
 // Favourite files of any content: loading is safe, and what was loaded comes back from the file
 // that is saved over them.
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -30,6 +37,23 @@ bool IsComplete(zn::SettingSource& entry, std::string_view file) {
   return true;
 }
 
+// The same through a file.
+void CheckPath(const zn::SettingSource& loaded, std::string_view file, std::string_view saved) {
+  static const std::string path = "/dev/shm/zn-favorite-" + std::to_string(::getpid()) + ".pfj";
+  std::ofstream(path, std::ios::binary)
+      .write(file.data(), static_cast<std::streamsize>(file.size()));
+  zn::CFavoriteFileManager files;
+  zn::SettingSource entry;
+  Require(files.LoadFavoriteFromPath(entry, path.c_str()) && entry.comment == loaded.comment);
+  Require(files.SaveFavoriteFromPath(entry, path.c_str()));
+  std::ifstream written(path, std::ios::binary);
+  Require(std::string(std::istreambuf_iterator<char>(written), {}) == saved);
+  std::array<char, zn::kItemLineSize> line;
+  files.WritePrintOption(entry, line);
+  Require(std::ranges::find(line, '\0') != line.end());
+  std::remove(path.c_str());
+}
+
 // A file of any content: loading and saving are safe, and the lines around the items come back.
 void CheckFile(std::string_view file) {
   const zn::CFavoriteFileManager files;
@@ -46,6 +70,7 @@ void CheckFile(std::string_view file) {
           again.number3 == entry.number3 && again.comment == entry.comment &&
           again.pageSizeName == entry.pageSizeName);
   Require(files.SaveFavoriteToMemory(entry, saved) == saved);
+  CheckPath(entry, file, saved);
 }
 
 // Items of any content: every listed value comes back. The last item gets its TABs here; saving

@@ -17,7 +17,7 @@ using UniquePpd = Unique<ppd_file_t*, &::ppdClose>;
 void TakeOptions(const ppd_group_t& group, Description& description) {
   for (int i = 0; i < group.num_options; ++i) {
     const ppd_option_t& option = group.options[i];
-    auto& taken = description.options.emplace_back(option.keyword);
+    auto& taken = description.options.emplace_back(Description::Option{option.keyword, {}});
     for (int choice = 0; choice < option.num_choices; ++choice) {
       taken.choices.emplace_back(option.choices[choice].choice);
     }
