@@ -2,6 +2,7 @@
 #include <cups/ppd.h>
 
 #include <string>
+#include <utility>
 
 #include "platform/unique.h"
 #include "tools/commands.h"
@@ -13,14 +14,15 @@ namespace {
 
 using UniquePpd = Unique<ppd_file_t*, &::ppdClose>;
 
-// Also what stands behind a group's own options.
+// Of a group and the groups in it.
 void TakeOptions(const ppd_group_t& group, Description& description) {
   for (int i = 0; i < group.num_options; ++i) {
     const ppd_option_t& option = group.options[i];
-    auto& taken = description.options.emplace_back(Description::Option{option.keyword, {}});
+    Description::Option taken{option.keyword, {}};
     for (int choice = 0; choice < option.num_choices; ++choice) {
       taken.choices.emplace_back(option.choices[choice].choice);
     }
+    description.options.push_back(std::move(taken));
   }
   for (int i = 0; i < group.num_subgroups; ++i) {
     TakeOptions(group.subgroups[i], description);
