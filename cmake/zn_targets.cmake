@@ -22,9 +22,12 @@ if(WIN32)
     # those statics belong to the user-interface thread.
     target_compile_options(zn_options INTERFACE -fstack-protector-strong -fno-threadsafe-statics)
     # Lines and functions for the symbols beside the DLL. Neither they nor the modules tell where
-    # or when they were built: the same sources give the same bytes.
-    target_compile_options(zn_options INTERFACE -g1 -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.
-                                                -ffile-prefix-map=${CMAKE_BINARY_DIR}=build)
+    # or when they were built: the same sources give the same bytes. The relative name is the one
+    # that a compiler cache hands over.
+    file(RELATIVE_PATH up ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+    string(REGEX REPLACE "/$" "" up "${up}")
+    target_compile_options(zn_options INTERFACE -g1 -ffile-prefix-map=${CMAKE_SOURCE_DIR}=/Zn55psu1
+                                                -ffile-prefix-map=${up}=/Zn55psu1)
   endif()
   target_link_options(zn_options INTERFACE -static -Wl,--gc-sections -Wl,--dynamicbase
                                            -Wl,--nxcompat -Wl,--high-entropy-va

@@ -10,7 +10,6 @@
 #include "companion/call_counter.h"
 #include "fake_driver_path.h"
 #include "host/base/files.h"
-#include "temp_folder.h"
 #include "tests/host/host_fixture.h"
 
 namespace zn::test {
@@ -46,8 +45,8 @@ class Inf {
   void InstallFiles(const std::string& section, const std::string& folder) const {
     ASSERT_TRUE(::SetupSetDirectoryIdA(inf_, kDriverFolderId, folder.c_str()));
     const HSPFILEQ queue = ::SetupOpenFileQueue();
-    EXPECT_TRUE(::SetupInstallFilesFromInfSectionA(inf_, nullptr, queue, section.c_str(), nullptr,
-                                                   SP_COPY_NEWER));
+    EXPECT_TRUE(
+        ::SetupInstallFilesFromInfSectionA(inf_, nullptr, queue, section.c_str(), nullptr, 0));
     EXPECT_TRUE(::SetupCommitFileQueueA(nullptr, queue, &Notify, nullptr));
     ::SetupCloseFileQueue(queue);
   }
@@ -88,36 +87,56 @@ std::string VersionText(const std::string& module, const char* name) {
   return text != nullptr ? static_cast<const char*>(text) : "";
 }
 
-TEST_F(HostTest, PackageInstallsAndItsPreferencesOpen) {
+class PackageTest : public HostTest {
+ protected:
+  PackageTest() {
+    char folder[MAX_PATH] = "";
+    DWORD need = 0;
+    EXPECT_TRUE(::GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
+                                             sizeof folder, &need));
+    folder_ = folder;
+    RemoveFiles();
+  }
+  ~PackageTest() override { RemoveFiles(); }
+
+  [[nodiscard]] std::string Installed(const std::string& file) const {
+    return folder_ + "\\" + std::filesystem::path(file).filename().string();
+  }
+
+  std::string folder_;
+  const std::set<std::string> files_ = DriverFiles();
+
+ private:
+  void RemoveFiles() const {
+    for (const std::string& file : files_) {
+      ::DeleteFileA(Installed(file).c_str());
+    }
+  }
+};
+
+TEST_F(PackageTest, InstallsAndItsPreferencesOpen) {
   const Inf inf;
   const std::string models =
       inf.Field("Manufacturer", nullptr, 1) + "." + inf.Field("Manufacturer", nullptr, 2);
   const std::string section = inf.Field(models, nullptr, 1);
   EXPECT_EQ(inf.Field(models, nullptr, 0), host::kSampleDriver);
-  EXPECT_EQ(inf.Field("Version", "CatalogFile", 1), "zn5050.cat");
 
-  const TempFolder folder;
-  inf.InstallFiles(section, folder.Path());
-  const std::set<std::string> files = DriverFiles();
-  EXPECT_THAT(files, ::testing::Contains("samples/" + std::string(host::kSampleDriver) + ".cps"));
-  for (const std::string& file : files) {
-    const std::string name = std::filesystem::path(file).filename().string();
-    EXPECT_TRUE(ReadWholeFile(folder.Path(name)) == ReadWholeFile(Dist(file))) << file;
+  inf.InstallFiles(section, folder_);
+  EXPECT_THAT(files_, ::testing::Contains("samples/" + std::string(host::kSampleDriver) + ".cps"));
+  for (const std::string& file : files_) {
+    EXPECT_TRUE(ReadWholeFile(Installed(file)) == ReadWholeFile(Dist(file))) << file;
   }
-  const std::filesystem::directory_iterator installed(folder.Path());
-  EXPECT_EQ(static_cast<std::size_t>(std::distance(begin(installed), end(installed))),
-            files.size());
 
   std::array<char, MAX_PATH> plugInName{};
   ::GetPrivateProfileStringA("OEMFiles", "OEMConfigFile1", "", plugInName.data(), plugInName.size(),
-                             folder.Path("zn5050.ini").c_str());
-  const std::string module = folder.Path(plugInName.data());
+                             Installed("zn5050.ini").c_str());
+  const std::string module = Installed(plugInName.data());
   EXPECT_EQ(VersionText(module, "FileVersion"), inf.Field("Version", "DriverVer", 2));
   EXPECT_EQ(VersionText(module, "OriginalFilename"), plugInName.data());
 
-  // The queue's driver is the installed one, for host and plug-in.
-  FakeDriverPath::path = folder.Path("driver.dll");
-  FakeDriverPath::data = folder.Path(inf.Field(section, "DataFile", 1));
+  // The queue's driver is the installed one, for host and plug-in, which is loaded from there.
+  FakeDriverPath::path = Installed("driver.dll");
+  FakeDriverPath::data = Installed(inf.Field(section, "DataFile", 1));
   const FakeDriverPath inHost;
   const host::Queue queue(queue_->Name());
   host::PlugIn plugIn(module);
