@@ -21,10 +21,29 @@ if(WIN32)
     # What ships: checked frames, and no guards of local statics, which would need a thread runtime;
     # those statics belong to the user-interface thread.
     target_compile_options(zn_options INTERFACE -fstack-protector-strong -fno-threadsafe-statics)
+    # Lines and functions for the symbols beside the DLL. Neither they nor the modules tell where
+    # or when they were built: the same sources give the same bytes. The relative name is the one
+    # that a compiler cache hands over.
+    file(RELATIVE_PATH up ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+    string(REGEX REPLACE "/$" "" up "${up}")
+    target_compile_options(zn_options INTERFACE -g1 -ffile-prefix-map=${CMAKE_SOURCE_DIR}=/Zn55psu1
+                                                -ffile-prefix-map=${up}=/Zn55psu1)
   endif()
   target_link_options(zn_options INTERFACE -static -Wl,--gc-sections -Wl,--dynamicbase
-                                           -Wl,--nxcompat -Wl,--high-entropy-va)
+                                           -Wl,--nxcompat -Wl,--high-entropy-va
+                                           -Wl,--no-insert-timestamp)
 endif()
+
+# zn_split_symbols(MODULE): its symbols stand beside it, where debuggers look for them.
+function(zn_split_symbols module)
+  set(objcopy ${CMAKE_OBJCOPY} --preserve-dates)  # the time stamp inside, too
+  set(symbols $<TARGET_FILE:${module}>.debug)
+  add_custom_command(
+    TARGET ${module} POST_BUILD
+    COMMAND ${objcopy} --only-keep-debug $<TARGET_FILE:${module}> ${symbols}
+    COMMAND ${objcopy} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${module}>
+    VERBATIM)
+endfunction()
 
 # zn_test(NAME SOURCES... [LIBS libs...]): one GoogleTest program, run as one ctest entry.
 function(zn_test name)

@@ -12,6 +12,11 @@ namespace zn::test {
 
 class FakeDriverPath {
  public:
+  // For the calls of that module; null: of the program.
+  explicit FakeDriverPath(HMODULE module = nullptr)
+      : patch_(module != nullptr ? module : ::GetModuleHandleA(nullptr), "GetPrinterDriverA",
+               &GetDriver) {}
+
   static inline std::string path;  // empty: the spooler does not know the driver
   static inline std::string data;  // its data file, beside which the device profiles lie
 
@@ -30,7 +35,7 @@ class FakeDriverPath {
     return TRUE;
   }
 
-  ImportPatch patch_{::GetModuleHandleA(nullptr), "GetPrinterDriverA", &GetDriver};
+  ImportPatch patch_;
 };
 
 inline std::string BesideProgram(const char* file) {
