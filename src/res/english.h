@@ -3,6 +3,8 @@
 #pragma code_page(65001)
 
 #define TEXT_LANGUAGE LANGUAGE LANG_ENGLISH, SUBLANG_ENGLISH_US
+/* The font of the language's property sheets: these reckon the pages' size in it. */
+#define TEXT_FONT FONT 8, "MS Shell Dlg"
 #define VERSION_BLOCK "040904B0"
 #define VERSION_LANGUAGE 0x0409
 #define TEXT_DESCRIPTION "ZN Lumera 5050 Print Settings"

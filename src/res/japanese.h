@@ -3,6 +3,8 @@
 #pragma code_page(65001)
 
 #define TEXT_LANGUAGE LANGUAGE LANG_JAPANESE, SUBLANG_DEFAULT
+/* The font of the language's property sheets: these reckon the pages' size in it. */
+#define TEXT_FONT FONT 9, "MS Shell Dlg"
 #define VERSION_BLOCK "041104B0"
 #define VERSION_LANGUAGE 0x0411
 #define TEXT_DESCRIPTION "ZN Lumera 5050 印刷設定"
