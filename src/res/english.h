@@ -156,3 +156,13 @@
 #define TEXT_MISSING_UNIT "The unit that this setting needs is not installed."
 #define TEXT_PICTURE_FRONT "Front"
 #define TEXT_PICTURE_BACK "Back"
+#define TEXT_TIP_FIT_SIZE \
+  "Enlarges or reduces each page to the output paper. Off prints it in the size of the document."
+#define TEXT_TIP_NUP \
+  "Puts several reduced pages on one sheet of paper. Booklet arranges them so that the folded sheets make a booklet."
+#define TEXT_TIP_JOG \
+  "Shifts each set or job in the output tray, so that you see where the next one begins."
+#define TEXT_TIP_COLLATE \
+  "On prints one complete set after the other. Off prints all copies of a page before the next page."
+#define TEXT_TIP_PUNCH "Punches holes for filing. A punch unit is needed."
+#define TEXT_TIP_SPOOL "A job that is stored on the printer can be printed again from there later."
