@@ -1,5 +1,6 @@
-// Labels and option names of the stand-in companion, in code page 932. They come from the sample
-// printer's option list, the source of its printer description too.
+// Labels and option names of the stand-in companion, in the user's language: Japanese, in code page
+// 932, or English. They come from the sample printer's option list, the source of its printer
+// description too.
 #pragma once
 
 #include <span>

@@ -11,12 +11,14 @@ namespace zn::host {
 namespace {
 
 constexpr char kDescriptionFile[] = "ZN5050.ppd";
+constexpr char kEnglishDescription[] = "ZN5050-english.ppd";
 constexpr char kDriverFile[] = "wineps.drv";
 constexpr int kDriverVersion = 3;  // user-mode drivers
 
-// What lies beside the driver's own files: plug-in and companions, and as a text the device
-// profile with the driver's name.
-constexpr const char* kModules[] = {"Zn55psu1.dll", "Zn55psu1UI.dll", "Zn55psu1ui2.dll"};
+// What lies beside the driver's own files: plug-in, satellite and companions, and as a text the
+// device profile with the driver's name.
+constexpr const char* kModules[] = {"Zn55psu1.dll", "Zn55psu1ENU.dll", "Zn55psu1UI.dll",
+                                    "Zn55psu1ui2.dll"};
 constexpr char kProfileFile[] = "ZN Lumera 5050.cps";
 
 char* Writable(const char* text) {
@@ -70,10 +72,12 @@ void InstallModule(const std::string& source, const std::string& target) {
 }
 
 std::string DescriptionText() {
-  std::string text = ReadSampleText(kDescriptionFile);
+  const bool isJapanese = PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
+  std::string text = ReadSampleText(isJapanese ? kDescriptionFile : kEnglishDescription);
   constexpr std::string_view kEncoding = "*LanguageEncoding: UTF-8";
   if (const std::size_t at = text.find(kEncoding); at != std::string::npos) {
-    text.replace(at, kEncoding.size(), "*LanguageEncoding: 90ms-RKSJ");
+    text.replace(at, kEncoding.size(),
+                 isJapanese ? "*LanguageEncoding: 90ms-RKSJ" : "*LanguageEncoding: WindowsANSI");
   }
   return text;
 }

@@ -2,10 +2,11 @@
 """Makes the sample printer description, the stand-in companion's table and the inspector's names
 from options.txt.
 
-    generate_sample.py options.txt [--ppd OUT.ppd] [--table OUT.inc] [--names OUT.inc]
+    generate_sample.py options.txt [--english english.txt] [--ppd OUT.ppd] [--table OUT.inc]
+                       [--names OUT.inc]
 
 The description is UTF-8 (what portable checkers read), and so are the names; the table holds code
-page 932 texts.
+page 932 texts. With the list of English texts all speak English: keywords and option names stay.
 """
 import argparse
 import re
@@ -20,7 +21,7 @@ HEADER = """\
 *PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
-*LanguageVersion: Japanese
+*LanguageVersion: {language}
 *LanguageEncoding: UTF-8
 *PCFileName: "ZN5050.PPD"
 *Manufacturer: "Zentrik"
@@ -71,8 +72,33 @@ class Form:
     height: float
 
 
-class Sample:
+class English:
+    """Translates texts; a number of a text stands where the list has a "#"."""
+
+    language = "English"
+
     def __init__(self, path):
+        with open(path, encoding="utf-8") as source:
+            rows = [line.rstrip("\n") for line in source if " = " in line]
+        self.texts = dict(row.split(" = ", 1) for row in rows)
+
+    def __call__(self, text):
+        if text.isascii():
+            return text
+        numbers = iter(re.findall("[0-9]+", text))
+        return re.sub("#", lambda _: next(numbers), self.texts[re.sub("[0-9]+", "#", text)])
+
+
+class Japanese:
+    language = "Japanese"
+
+    def __call__(self, text):
+        return text
+
+
+class Sample:
+    def __init__(self, path, say):
+        self.say = say
         self.lists, self.keywords, self.forms = {}, [], []
         self.default_form = 0
         with open(path, encoding="utf-8") as source:
@@ -87,6 +113,11 @@ class Sample:
                 self.lists[name.strip()] = [text.strip() for text in texts.split("|")]
             elif not line.startswith("form "):
                 self.add_keyword(line)
+        for named in self.forms + [o for k in self.keywords for o in k.options]:
+            named.text = say(named.text)
+        for keyword in self.keywords:
+            keyword.label = say(keyword.label)
+            keyword.more = [say(text) for text in keyword.more]
 
     def add_form(self, line):
         name, text, size = (part.strip() for part in line.split(";"))
@@ -148,7 +179,7 @@ def page_sections(sample):
 
     lines = []
     for keyword, label in (("PageSize", "原稿サイズ"), ("PageRegion", "用紙の領域")):
-        lines += ui_block(keyword, label, default, options, 30, code)
+        lines += ui_block(keyword, sample.say(label), default, options, 30, code)
     lines.append(f"*DefaultImageableArea: {default}")
     margin = points(MARGIN_MM)
     for option in options:
@@ -163,12 +194,12 @@ def page_sections(sample):
 
 
 def write_description(sample, path):
-    lines = HEADER.splitlines() + page_sections(sample)
+    lines = HEADER.format(language=sample.say.language).splitlines() + page_sections(sample)
     source = sample.keywords[SOURCE_ID]
     lines += ui_block("InputSlot", source.label, source.options[source.default].name,
                       source.options, 40, lambda option: f"<</ZNTray({option.name})>>setpagedevice")
     # The printer's own keywords stand last, in id order.
-    lines.append("*OpenGroup: ZNOptions/プリンターオプション")
+    lines.append("*OpenGroup: ZNOptions/" + sample.say("プリンターオプション"))
     for keyword in sample.keywords[:FIRST_STANDARD_ID]:
         def code(option, name=keyword.name):
             return f"<</{name}({option.name})>>setpagedevice"
@@ -208,11 +239,12 @@ def write_names(sample, path):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("options")
+    parser.add_argument("--english")
     outputs = {"ppd": write_description, "table": write_table, "names": write_names}
     for name in outputs:
         parser.add_argument(f"--{name}")
     words = parser.parse_args()
-    sample = Sample(words.options)
+    sample = Sample(words.options, English(words.english) if words.english else Japanese())
     for name, write in outputs.items():
         if path := getattr(words, name):
             write(sample, path)

@@ -61,7 +61,8 @@ std::string ModulePath() {
 
 // The satellites to try for a module: its path without the extension, the three-letter language
 // abbreviation, ".dll"; in the order user language, its primary language, system language, its
-// primary language, language of the active code page. None is named twice.
+// primary language, language of the active code page. None is named twice. The module itself speaks
+// Japanese: who would get that sooner than another language needs no satellite in the other.
 std::vector<std::string> SatelliteCandidates(const std::string& modulePath) {
   const std::string stem = modulePath.substr(0, modulePath.rfind('.'));
   const LANGID user = ::GetUserDefaultUILanguage();
@@ -76,6 +77,9 @@ std::vector<std::string> SatelliteCandidates(const std::string& modulePath) {
     std::string candidate = stem + tag + ".dll";
     if (std::ranges::find(candidates, candidate) == candidates.end()) {
       candidates.push_back(std::move(candidate));
+    }
+    if (PRIMARYLANGID(LANGIDFROMLCID(locale)) == LANG_JAPANESE) {
+      break;
     }
   }
   return candidates;

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "pages/accessible_texts.h"
 #include "pages/page_frame.h"
+#include "pages/tips.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
 
@@ -16,8 +18,15 @@ constexpr UINT kLastUserMessage = WM_USER + 200;
 
 INT_PTR CCommonDlg::DlgProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_INITDIALOG:
-      return OnInitDialog(wParam, reinterpret_cast<PROPSHEETPAGEA*>(lParam));
+    case WM_INITDIALOG: {
+      const int result = OnInitDialog(wParam, reinterpret_cast<PROPSHEETPAGEA*>(lParam));
+      AccessibleTexts().NameExtendedLists(window_);
+      return result;
+    }
+    case WM_DESTROY:
+      AccessibleTexts().Forget(window_);
+      ForgetTips(window_);
+      return 0;
     case WM_COMMAND:
       return OnCommand(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_NOTIFY:

@@ -49,10 +49,6 @@ std::string Caption(HWND page, const SheetContext& sheet, const JobPicture& pict
 
 }  // namespace
 
-void AttachIllustration(HWND page) {
-  MakeTips(page);
-}
-
 void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kind) {
   const HWND illustration = ::GetDlgItem(page, IDC_ILLUSTRATION);
   if (illustration == nullptr) {

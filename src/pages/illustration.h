@@ -13,9 +13,6 @@ enum class IllustrationKind : std::uint8_t {
   Output,  // staples, holes, order and offset of the printed sheets
 };
 
-// Once, when the page is initialised.
-void AttachIllustration(HWND page);
-
 // Shows the current selections: to be called after every change and when the page is shown, once
 // its lists show the selections. Reads nothing but the sheet and the lists.
 void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kind);

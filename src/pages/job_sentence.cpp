@@ -1,10 +1,9 @@
 #include "pages/job_sentence.h"
 
-#include <commctrl.h>
-
 #include <array>
 
 #include "pages/page_images.h"
+#include "pages/pspage.h"
 #include "platform/format_text.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
@@ -36,29 +35,6 @@ class Sentence {
  private:
   std::string text_;
 };
-
-// The text of a list's entry; empty when there is no such entry.
-std::string EntryText(HWND list, std::uint32_t entry, bool isExtended) {
-  if (entry >= static_cast<std::uint32_t>(::SendMessageA(list, CB_GETCOUNT, 0, 0))) {
-    return {};
-  }
-  std::array<char, 256> text{};
-  if (isExtended) {
-    COMBOBOXEXITEMA item{};
-    item.mask = CBEIF_TEXT;
-    item.iItem = static_cast<INT_PTR>(entry);
-    item.pszText = text.data();
-    item.cchTextMax = static_cast<int>(text.size());
-    ::SendMessageA(list, CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    return text.data();
-  }
-  const LRESULT length = ::SendMessageA(list, CB_GETLBTEXTLEN, entry, 0);
-  if (length <= 0 || length >= static_cast<LRESULT>(text.size())) {
-    return {};
-  }
-  ::SendMessageA(list, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text.data()));
-  return text.data();
-}
 
 // A setting whose list holds the word for it.
 struct Setting {

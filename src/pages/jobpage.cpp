@@ -40,7 +40,8 @@ constexpr std::array kControls{
                .kind = ControlKind::Radios,
                .label = IDC_JOB_SPOOL_GROUP,
                .radios = kSpoolRadios,
-               .caption = Caption::Companion},
+               .caption = Caption::Companion,
+               .tip = IDS_TIP_SPOOL},
 };
 // The companion module's dialog on the settings of all pages; LoadData is what shows them again.
 void OpenPrintOptions(PageFrame& page) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "pages/accessible_texts.h"
 #include "platform/boundary.h"
 #include "platform/resources.h"
 #include "session/plugin_context.h"
@@ -22,7 +23,9 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
       dialog = reinterpret_cast<Dialog*>(lParam);
       ::SetWindowLongPtrA(window, DWLP_USER, lParam);
       dialog->window_ = window;
-      return dialog->OnInitDialog();
+      const INT_PTR result = dialog->OnInitDialog();
+      AccessibleTexts().NameExtendedLists(window);
+      return result;
     }
     if (dialog == nullptr) {
       return 0;
@@ -34,6 +37,9 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
         if constexpr (requires { dialog->OnNotify(nullptr); }) {
           return dialog->OnNotify(reinterpret_cast<NMHDR*>(lParam));
         }
+        return 0;
+      case WM_DESTROY:
+        AccessibleTexts().Forget(window);
         return 0;
       case WM_CLOSE:
         return dialog->OnCommand(BN_CLICKED, IDCANCEL, nullptr);

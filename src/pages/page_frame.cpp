@@ -491,17 +491,30 @@ void PageFrame::ResolveRestrictions(const ControlRow& row, PairCoding::Pair befo
 }
 
 void PageFrame::RedrawIllustration() {
-  if (!table_.illustration) {
-    return;
+  if (table_.illustration) {
+    ShowIllustration(page_, sheet_, *table_.illustration);
   }
-  ShowIllustration(page_, sheet_, *table_.illustration);
+  ShowTips();
+}
+
+void PageFrame::ShowTips() {
   for (const ControlRow& row : table_.controls) {
-    if (row.installed != Installed::Always) {
-      const HWND list = ControlOf(row);
-      const auto entry = SelectedIndex(list);
-      const bool isMissing = entry && ShowsWarning(list, static_cast<int>(*entry));
-      SetTip(page_, list, isMissing ? LoadResourceString(IDS_MISSING_UNIT) : std::string());
+    if (row.tip == 0 && row.installed == Installed::Always) {
+      continue;
     }
+    std::string text = row.tip != 0 ? LoadResourceString(row.tip) : std::string();
+    for (const int radio : row.radios) {
+      SetTip(page_, Item(radio), text);
+    }
+    if (!row.radios.empty()) {
+      continue;
+    }
+    const HWND control = row.kind == ControlKind::CheckBox ? Item(row.id) : ControlOf(row);
+    const auto entry = row.installed != Installed::Always ? SelectedIndex(control) : std::nullopt;
+    if (entry && ShowsWarning(control, static_cast<int>(*entry))) {
+      text = LoadResourceString(IDS_MISSING_UNIT) + (text.empty() ? "" : "\n") + text;
+    }
+    SetTip(page_, control, text);
   }
 }
 

@@ -92,6 +92,7 @@ class PageFrame {
   void ShowSelections();
   void EnableControls();
   void RedrawIllustration();
+  void ShowTips();
   [[nodiscard]] bool HasWindows(const ControlRow& row) const noexcept;
   [[nodiscard]] HWND ControlOf(const ControlRow& row) const noexcept;
   [[nodiscard]] const ControlRow* RowOf(int id) const noexcept;

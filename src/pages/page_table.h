@@ -122,6 +122,7 @@ struct ControlRow {
   void (*follow)(PageFrame& page, std::uint32_t before) = nullptr;
   std::optional<restriction::Group> restriction = std::nullopt;
   bool redraws = false;  // the illustration shows it
+  UINT tip = 0;          // string that explains the term where the mouse rests
 };
 
 struct ButtonRow {

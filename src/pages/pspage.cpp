@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
@@ -86,6 +88,28 @@ void AddToList(HWND list, bool isExtended, std::span<std::string> names,
     }
     ::SendMessageA(list, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
   }
+}
+
+std::string EntryText(HWND list, std::uint32_t entry, bool isExtended) {
+  if (entry >= static_cast<std::uint32_t>(::SendMessageA(list, CB_GETCOUNT, 0, 0))) {
+    return {};
+  }
+  std::array<char, 256> text{};
+  if (isExtended) {
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_TEXT;
+    item.iItem = static_cast<INT_PTR>(entry);
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    ::SendMessageA(list, CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    return text.data();
+  }
+  const LRESULT length = ::SendMessageA(list, CB_GETLBTEXTLEN, entry, 0);
+  if (length <= 0 || length >= static_cast<LRESULT>(text.size())) {
+    return {};
+  }
+  ::SendMessageA(list, CB_GETLBTEXT, entry, reinterpret_cast<LPARAM>(text.data()));
+  return text.data();
 }
 
 std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept {

@@ -32,6 +32,9 @@ void FillList(HWND list, bool isExtended, std::span<std::string> names, std::spa
 void AddToList(HWND list, bool isExtended, std::span<std::string> names,
                std::span<const int> images, std::optional<LPARAM> firstData);
 
+// The text of a list's entry; empty when there is no such entry.
+[[nodiscard]] std::string EntryText(HWND list, std::uint32_t entry, bool isExtended);
+
 // The selected index of a list; nothing when none is selected or the list is missing.
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;
 // The item data of the selected entry; nothing as above.

@@ -141,7 +141,8 @@ constexpr std::array kControls{
                .entries = kCompanionCount,
                .images = {.strip = IDB_NUP, .of = &NUPImages},
                .follow = &TurnTwoSided,
-               .redraws = true},
+               .redraws = true,
+               .tip = IDS_TIP_NUP},
     ControlRow{.keyword = KW_COPIES,
                .kind = ControlKind::UpDown,
                .label = IDC_BASIC_COPIES_LABEL,
@@ -164,7 +165,8 @@ constexpr std::array kControls{
                .label = IDC_BASIC_FIT_SIZE_LABEL,
                .id = IDC_BASIC_FIT_SIZE,
                .caption = Caption::CompanionColon,
-               .redraws = true},
+               .redraws = true,
+               .tip = IDS_TIP_FIT_SIZE},
     // InitNupBorder, UpdateNupBorder, ApplyNupBorder, EnableNupBorder
     ControlRow{.keyword = KW_NUPBORDER,
                .kind = ControlKind::CheckBox,
@@ -245,7 +247,6 @@ int CStandardPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   if (sheet == nullptr) {
     return 0;
   }
-  AttachIllustration(window_);
   // Stays loaded until the page is filled.
   const CompanionModule companion(sheet->hPrinter);
   CreatePrintOptionList(companion);

@@ -1,4 +1,4 @@
-// Tooltips of a page's controls: one window for each page that has an illustration.
+// Tooltips of a page's controls; screen readers tell them as the controls' descriptions.
 #pragma once
 
 #include <windows.h>
@@ -7,11 +7,12 @@
 
 namespace zn {
 
-// Makes the window, once. It belongs to the sheet and goes with it.
-void MakeTips(HWND page);
-
 // What the control shows while the mouse rests on it; an empty text shows nothing. Lists are given
-// as themselves, also extended ones. Nothing happens on a page without tips.
+// as themselves, also extended ones. The page's window of the tips is made for the first text; it
+// belongs to the sheet and goes with it.
 void SetTip(HWND page, HWND control, const std::string& text);
+
+// When the page goes.
+void ForgetTips(HWND page) noexcept;
 
 }  // namespace zn

@@ -71,13 +71,15 @@ constexpr std::array kControls{
                .label = IDC_TRAY_JOG_LABEL,
                .id = IDC_TRAY_JOG,
                .caption = Caption::CompanionColon,
-               .redraws = true},
+               .redraws = true,
+               .tip = IDS_TIP_JOG},
     // UpdateSort
     ControlRow{.keyword = KW_COLLATE,
                .kind = ControlKind::CheckBox,
                .id = IDC_TRAY_COLLATE,
                .caption = Caption::CompanionColon,
-               .redraws = true},
+               .redraws = true,
+               .tip = IDS_TIP_COLLATE},
     // InitStaple, UpdateStaple, ApplyStaple
     ControlRow{.keyword = KW_STAPLE,
                .kind = ControlKind::ExtendedList,
@@ -98,7 +100,8 @@ constexpr std::array kControls{
                .installed = Installed::Punches,
                .pairing = &kPunchPairing,
                .restriction = restriction::kPunch,
-               .redraws = true},
+               .redraws = true,
+               .tip = IDS_TIP_PUNCH},
     // ApplyPageOrder
     ControlRow{.keyword = KW_PAGEORDER,
                .kind = ControlKind::Radios,
@@ -165,7 +168,6 @@ int CTrayPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   if (sheet == nullptr) {
     return 0;
   }
-  AttachIllustration(window_);
   return Initialize(sheet, false);
 }
 

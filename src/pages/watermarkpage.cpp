@@ -2,8 +2,10 @@
 
 #include <array>
 
+#include "pages/accessible_texts.h"
 #include "pages/page_frame.h"
 #include "pages/page_images.h"
+#include "pages/pspage.h"
 #include "res/resource_ids.h"
 
 namespace zn {
@@ -13,6 +15,7 @@ constexpr std::uint32_t kOrders = CWatermarkPageDlg::kLimits.orderChoices;
 constexpr std::uint32_t kLowest = CWatermarkPageDlg::kLimits.lowestNumber;
 constexpr std::uint32_t kHighest = CWatermarkPageDlg::kLimits.highestNumber;
 constexpr std::uint32_t kPositions = 5;
+constexpr int kMaxLabel = 255;
 
 // By position.
 constexpr std::array<int, kPositions> kPositionRadios{
@@ -75,7 +78,15 @@ constexpr PageTable kTable{.controls = kControls,
 
 int CWatermarkPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   LoadWarningImage();
-  return Initialize(AttachSheet(page), false);
+  const int result = Initialize(AttachSheet(page), false);
+  // The radios have their place instead of a text: readers hear what the list calls the position.
+  const AccessibleTexts texts;
+  const HWND list = Control(IDC_WATERMARK_POSITION);
+  for (std::uint32_t position = 0; position < kPositions; ++position) {
+    texts.SetName(Control(kPositionRadios[position]), EntryText(list, position, false));
+  }
+  texts.SetName(list, ControlText(Control(IDC_WATERMARK_POSITION_GROUP), kMaxLabel));
+  return result;
 }
 
 int CWatermarkPageDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {

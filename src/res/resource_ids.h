@@ -231,6 +231,14 @@
 #define IDS_PICTURE_FRONT 7032
 #define IDS_PICTURE_BACK 7033
 
+/* What terms mean. */
+#define IDS_TIP_FIT_SIZE 7040
+#define IDS_TIP_NUP 7041
+#define IDS_TIP_JOG 7042
+#define IDS_TIP_COLLATE 7043
+#define IDS_TIP_PUNCH 7044
+#define IDS_TIP_SPOOL 7045
+
 /* The decorated names of this build. */
 #ifdef _WIN64
 #define IDS_FUNC_PRINTOPTIONSETTING IDS_FUNC_PRINTOPTIONSETTING_64

@@ -18,6 +18,9 @@ LANGID WINAPI UserLanguage() {
 LANGID WINAPI SystemLanguage() {
   return MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN_AUSTRIAN);
 }
+LANGID WINAPI EnglishLanguage() {
+  return MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+}
 UINT WINAPI KoreanCodePage() {
   return 949;
 }
@@ -48,7 +51,10 @@ class Satellite : public testing::Test {
   }
 
   void Install(const std::string& tag) {
-    std::filesystem::copy_file(ZN_TEST_MODULE, folder_ / ("Zn55psu1" + tag + ".dll"));
+    std::filesystem::copy_file(ZN_TEST_MODULE, SatellitePath(tag));
+  }
+  [[nodiscard]] std::filesystem::path SatellitePath(const std::string& tag) const {
+    return folder_ / ("Zn55psu1" + tag + ".dll");
   }
   [[nodiscard]] std::string PlugInPath() const { return (folder_ / "Zn55psu1.dll").string(); }
   // The resource module that the pages of a sheet come from, by the end of its file name.
@@ -91,6 +97,16 @@ TEST_F(Satellite, LanguagesAreTriedInOrder) {
     const ImportPatch codePage(plugIn.Module(), "GetACP", &KoreanCodePage);
     EXPECT_EQ(ResourceModule(*plugIn.Object()), tag == "FRA" ? "" : tag);
   }
+}
+
+TEST_F(Satellite, ShippedOneServesEnglishUsersButNoJapaneseOnes) {
+  std::filesystem::copy_file("Zn55psu1ENU.dll", SatellitePath("ENU"));
+  const PlugIn plugIn(PlugInPath());
+  const ImportPatch system(plugIn.Module(), "GetSystemDefaultUILanguage", &EnglishLanguage);
+  const ImportPatch codePage(plugIn.Module(), "GetACP", &KoreanCodePage);
+  EXPECT_EQ(ResourceModule(*plugIn.Object()), "");
+  const ImportPatch user(plugIn.Module(), "GetUserDefaultUILanguage", &UserLanguage);
+  EXPECT_EQ(ResourceModule(*plugIn.Object()), "ENU");
 }
 
 TEST_F(Satellite, IsGivenUpWithoutAModulePath) {

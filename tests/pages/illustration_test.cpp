@@ -47,7 +47,6 @@ class Illustration : public PageSheetTest {
 
 TEST_F(Illustration, SaysWhatTheLayoutIs) {
   Open(kBasicPage);
-  AttachIllustration(Page());
   ClearLists({IDC_BASIC_OUTPUT_SIZE, IDC_BASIC_DUPLEX, IDC_BASIC_NUP, IDC_BASIC_COLOR_MODE});
   AddEntries(IDC_BASIC_OUTPUT_SIZE, false, {"同じ", "A3"});
   AddEntries(IDC_BASIC_DUPLEX, true, {"しない", "長辺とじ", "短辺とじ"});
@@ -76,7 +75,6 @@ TEST_F(Illustration, SaysWhatTheLayoutIs) {
 
 TEST_F(Illustration, SaysWhatTheDeviceLacks) {
   Open(kTrayPage);
-  AttachIllustration(Page());
   ClearLists({IDC_TRAY_STAPLE, IDC_TRAY_PUNCH, IDC_TRAY_JOG, IDC_TRAY_OUTPUT, IDC_TRAY_SOURCE});
   AddEntries(IDC_TRAY_STAPLE, true, {"なし", "左上"});
   AddEntries(IDC_TRAY_PUNCH, true, {"なし", "左"});

@@ -1,10 +1,12 @@
-// Every dialog template, as the system lays it out: what the code relies on, and what a user needs.
+// Every dialog template in every language, as the system lays it out: what the code relies on, and
+// what a user needs.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cctype>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "res/resource_ids.h"
@@ -19,6 +21,7 @@ constexpr char kList[] = "ComboBox";
 constexpr char kExtended[] = "ComboBoxEx32";
 constexpr char kSpin[] = "msctls_updown32";
 
+constexpr const char* kModules[] = {"", "Zn55psu1ENU.dll"};  // this program has the Japanese ones
 constexpr int kTemplates[] = {IDD_BASIC_PAGE,      IDD_TRAY_PAGE,         IDD_WATERMARK_PAGE,
                               IDD_JOB_PAGE,        IDD_JOB_PAGE_FAVORITE, IDD_DEVICE_PAGE,
                               IDD_MEDIA_TYPE_AUTO, IDD_MEDIA_TYPE_BYPASS, IDD_CUSTOM_PAGE_SIZE,
@@ -28,13 +31,18 @@ INT_PTR CALLBACK PlainDialog(HWND, UINT, WPARAM, LPARAM) {
   return FALSE;
 }
 
-class TemplateTest : public testing::TestWithParam<int> {
+HMODULE LoadResources(const char* name) {
+  return *name != '\0' ? ::LoadLibraryA(name) : ::GetModuleHandleA(nullptr);
+}
+
+class TemplateTest : public testing::TestWithParam<std::tuple<const char*, int>> {
  protected:
   void SetUp() override {
     frame_ =
         ::CreateWindowA("Static", "", WS_POPUP, 0, 0, 800, 800, nullptr, nullptr, nullptr, nullptr);
-    dialog_ = ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(GetParam()),
-                                   frame_, &PlainDialog, 0);
+    const auto [module, templateId] = GetParam();
+    dialog_ = ::CreateDialogParamA(LoadResources(module), MAKEINTRESOURCEA(templateId), frame_,
+                                   &PlainDialog, 0);
     ASSERT_NE(dialog_, nullptr);
     for (HWND child = ::GetWindow(dialog_, GW_CHILD); child != nullptr;
          child = ::GetWindow(child, GW_HWNDNEXT)) {
@@ -96,6 +104,9 @@ TEST_P(TemplateTest, ListsFollowTheirLabels) {
 
 TEST_P(TemplateTest, MnemonicsAreUnique) {
   std::set<int> used;
+  if ((StyleOf(dialog_) & WS_CHILD) != 0) {
+    used.insert('A');  // the sheet's own "Apply"
+  }
   for (const HWND child : children_) {
     const std::string text = TextOf(child);
     const auto mark = text.find('&');
@@ -186,8 +197,38 @@ TEST_P(TemplateTest, EveryInputIsReachedByTheKeyboard) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, TemplateTest, testing::ValuesIn(kTemplates),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(All, TemplateTest,
+                         testing::Combine(testing::ValuesIn(kModules),
+                                          testing::ValuesIn(kTemplates)),
+                         [](const auto& test) {
+                           return (*std::get<0>(test.param) != '\0' ? "English" : "Japanese") +
+                                  std::to_string(std::get<1>(test.param));
+                         });
+
+// What FillIn puts into a text, in its order.
+std::string Placeholders(const std::string& text) {
+  std::string found;
+  for (std::size_t mark = text.find('%'); mark != std::string::npos;
+       mark = text.find('%', mark + 1)) {
+    found += text.substr(mark, 2);
+  }
+  return found;
+}
+
+TEST(TextTest, TranslationsKeepThePlaceholders) {
+  const auto text = [](HMODULE module, UINT id) {
+    char shown[1024] = "";
+    ::LoadStringA(module, id, shown, sizeof shown);
+    return std::string(shown);
+  };
+  const HMODULE modules[] = {LoadResources(kModules[0]), LoadResources(kModules[1])};
+  for (UINT id = 1; id < 0xFFFF; ++id) {
+    const std::string japanese = text(modules[0], id);
+    const std::string english = text(modules[1], id);
+    EXPECT_EQ(japanese.empty(), english.empty()) << id;
+    EXPECT_EQ(Placeholders(japanese), Placeholders(english)) << id;
+  }
+}
 
 }  // namespace
 }  // namespace zn::test

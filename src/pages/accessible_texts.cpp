@@ -1,0 +1,93 @@
+#include "pages/accessible_texts.h"
+
+#include <objbase.h>
+// These must come behind objbase.h.
+#include <commctrl.h>
+#include <initguid.h>
+#include <oleacc.h>
+
+#include "pages/pspage.h"
+
+namespace zn {
+namespace {
+
+constexpr DWORD kWholeControl = CHILDID_SELF;
+constexpr auto kClient = static_cast<DWORD>(OBJID_CLIENT);
+constexpr int kMaxText = 1023;
+
+template <class Action>
+void ForEachChild(HWND dialog, const Action& action) {
+  for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
+       child = ::GetWindow(child, GW_HWNDNEXT)) {
+    action(child);
+  }
+}
+
+std::wstring WideText(const std::string& text) {
+  const int length = static_cast<int>(text.size());
+  std::wstring wide(text.size(), L'\0');
+  wide.resize(static_cast<std::size_t>(
+      ::MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length)));
+  return wide;
+}
+
+}  // namespace
+
+HWND InnerControl(HWND control) noexcept {
+  // Other controls do not know the message.
+  const auto inner = reinterpret_cast<HWND>(::SendMessageA(control, CBEM_GETCOMBOCONTROL, 0, 0));
+  return inner != nullptr ? inner : control;
+}
+
+AccessibleTexts::AccessibleTexts() noexcept {
+  if (FAILED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_IAccPropServices, reinterpret_cast<void**>(&services_)))) {
+    services_ = nullptr;
+  }
+}
+
+AccessibleTexts::~AccessibleTexts() {
+  if (services_ != nullptr) {
+    services_->Release();
+  }
+}
+
+void AccessibleTexts::Set(HWND control, const GUID& property, const std::string& text) const {
+  if (services_ != nullptr && control != nullptr) {
+    services_->SetHwndPropStr(InnerControl(control), kClient, kWholeControl, property,
+                              WideText(text).c_str());
+  }
+}
+
+void AccessibleTexts::SetName(HWND control, const std::string& name) const {
+  Set(control, PROPID_ACC_NAME, name);
+}
+
+void AccessibleTexts::SetDescription(HWND control, const std::string& description) const {
+  Set(control, PROPID_ACC_DESCRIPTION, description);
+}
+
+void AccessibleTexts::NameExtendedLists(HWND dialog) const {
+  if (services_ == nullptr) {
+    return;
+  }
+  ForEachChild(dialog, [&](HWND child) {
+    if (const HWND before = ::GetWindow(child, GW_HWNDPREV); InnerControl(child) != child) {
+      const bool isLabelled = (::SendMessageA(before, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
+      SetName(child, ControlText(isLabelled ? before : child, kMaxText));
+    }
+  });
+}
+
+void AccessibleTexts::Forget(HWND dialog) const noexcept {
+  if (services_ == nullptr) {
+    return;
+  }
+  ForEachChild(dialog, [&](HWND child) {
+    constexpr MSAAPROPID kGiven[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
+    services_->ClearHwndProps(InnerControl(child), kClient, kWholeControl, kGiven,
+                              static_cast<int>(std::size(kGiven)));
+  });
+}
+
+}  // namespace zn
