@@ -28,7 +28,7 @@ struct Pair {
   std::size_t field, otherField;
   std::size_t choice, otherChoice;
 
-  auto operator<=>(const Pair&) const = default;
+  auto operator<=>(const Pair&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 class Fitting {
@@ -45,7 +45,7 @@ class Fitting {
   [[nodiscard]] std::size_t UnstatedCount() const { return unstated_; }
 
  private:
-  void Add(std::string_view finding, std::string_view keyword, Json more = Json::object()) {
+  void Add(std::string_view finding, std::string_view keyword, const Json& more = Json::object()) {
     Json row = {{"finding", finding}, {"keyword", keyword}};
     row.update(more);
     findings_.push_back(std::move(row));

@@ -20,7 +20,7 @@ void DescribeEntry(SettingSource& entry, Json& record) {
   for (const RecordItem& item : RecordItems()) {
     if (!item.isAlias && (item.setting != nullptr || item.text != nullptr)) {
       Json shown = ShownSetting(item, entry);
-      if (!shown.is_null() && shown != "") {
+      if (!shown.is_null() && shown != Json("")) {
         Append(settings, NameOf(item), std::move(shown));
       }
     }

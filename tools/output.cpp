@@ -49,7 +49,7 @@ void AppendRow(std::string& text, const Json& row) {
 void AppendValue(std::string& text, const std::string& name, const Json& value) {
   if (value.is_object()) {
     for (const auto& [key, element] : value.items()) {
-      AppendValue(text, name + '.' + key, element);
+      AppendValue(text, std::string(name).append(1, '.').append(key), element);
     }
   } else if (value.is_array() && std::ranges::any_of(value, IsRow)) {
     for (const Json& row : value) {

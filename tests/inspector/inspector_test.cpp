@@ -22,7 +22,6 @@ namespace zn::test {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 using Json = nlohmann::json;
