@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Lays out the driver package, from one list of files.
 
-    make_package.py --out DIR --inf zn5050.inf.in --plug-in Zn55psu1.dll --ppd FILE SAMPLE...
+    make_package.py --out DIR --inf zn5050.inf.in --plug-in Zn55psu1.dll
+                    --satellite Zn55psu1ENU.dll --ppd FILE SAMPLE...
 
-The package's base name is that of the INF. It holds the plug-in and the symbols beside it, the
-printer description, .ini, .inf, the samples below samples/, and SHA256SUMS. Texts become what the
+The package's base name is that of the INF. It holds the plug-in with the symbols and the English
+texts beside it, the printer description, .ini, .inf, the samples below samples/, and SHA256SUMS. Texts become what the
 system reads: CR LF, code page 932.
 """
 import argparse
@@ -43,11 +44,12 @@ def package(words):
     base = words.inf.name.partition(".")[0]
     ini, ppd, plug_in = f"{base}.ini", f"{base}.ppd", words.plug_in.name
     samples = [path.name for path in words.samples]
-    copied = [ppd, ini, plug_in]
+    copied = [ppd, ini, plug_in, words.satellite.name]
     symbols = words.plug_in.with_name(plug_in + ".debug")
     files = {
         plug_in: content(words.plug_in),
         symbols.name: content(symbols),
+        words.satellite.name: content(words.satellite),
         ppd: content(words.ppd),
         ini: ascii_text(["[OEMFiles]", f"OEMConfigFile1={plug_in}"]),
         f"{base}.inf": fill(words.inf, {
@@ -65,7 +67,7 @@ def package(words):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    for name in ("--out", "--inf", "--plug-in", "--ppd"):
+    for name in ("--out", "--inf", "--plug-in", "--satellite", "--ppd"):
         parser.add_argument(name, type=Path, required=True)
     parser.add_argument("samples", type=Path, nargs="+")
     words = parser.parse_args()

@@ -117,6 +117,7 @@ class Accessible : public PageSheetTest {
 };
 
 TEST_F(Accessible, EveryControlOfThePagesHasAName) {
+  SetSelections(KW_WMSELECTION, 1, 1);
   Open(kBasicPage);
   for (const PageIndex page : {kBasicPage, kTrayPage, kJobPage, kWatermarkPage}) {
     SCOPED_TRACE(page);

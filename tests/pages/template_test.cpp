@@ -176,6 +176,17 @@ TEST_P(TemplateTest, TabsGoDownAndToTheRight) {
   }
 }
 
+// A page leaves Enter to the buttons of its sheet.
+TEST_P(TemplateTest, EnterPressesTheDefaultButtonOrBreaksALine) {
+  const LRESULT found = ::SendMessageA(dialog_, DM_GETDEFID, 0, 0);
+  EXPECT_EQ(HIWORD(found) == DC_HASDEFID, (StyleOf(dialog_) & WS_CHILD) == 0);
+  for (const HWND child : children_) {
+    if (ClassOf(child) == kEdit && (StyleOf(child) & ES_MULTILINE) != 0) {
+      EXPECT_TRUE((StyleOf(child) & ES_WANTRETURN) != 0) << Name(child);
+    }
+  }
+}
+
 TEST_P(TemplateTest, EveryInputIsReachedByTheKeyboard) {
   bool inRadioGroup = false;
   for (const HWND child : children_) {
