@@ -1,13 +1,11 @@
 // All pages of the preferences together, on the shipped DLL: what one page, a dialog or a favourite
 // sets is what the others, the core driver and the next sheet have.
 #include <algorithm>
+#include <cstring>
 #include <map>
-#include <optional>
 
 #include "bridge/companion_abi.h"
 #include "host/base/dialog_driver.h"
-#include "host/base/files.h"
-#include "host/base/host_ids.h"
 #include "host/driver/report.h"
 #include "host/private_favorites.h"
 #include "host/window/page_use.h"
@@ -32,58 +30,16 @@ constexpr char kJobNameLost[] =
 // The values that the sheet shows, by page and control.
 using Shown = std::map<std::string, std::string>;
 
-// Nothing for what shows no value.
-std::optional<std::string> ValueOf(HWND control) {
-  char name[32] = "";
-  ::GetClassNameA(control, name, sizeof name);
-  const std::string className = name;
-  const LONG_PTR type = ::GetWindowLongPtrA(control, GWL_STYLE) & BS_TYPEMASK;
-  if (className.starts_with("ComboBox")) {
-    return std::to_string(::SendMessageA(control, CB_GETCURSEL, 0, 0));
-  }
-  if (className == "Button" && (type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON)) {
-    return ::SendMessageA(control, BM_GETCHECK, 0, 0) != 0 ? "checked" : "unchecked";
-  }
-  return className == "Edit" ? std::optional(TextOf(::GetParent(control), ::GetDlgCtrlID(control)))
-                             : std::nullopt;
-}
-
-std::string Utf8(const std::string& text) {
-  const std::wstring wide = host::WideText(text);
-  std::string utf8(4 * wide.size() + 1, '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, wide.c_str(), -1, utf8.data(), static_cast<int>(utf8.size()),
-                        nullptr, nullptr);
-  return utf8.c_str();
-}
-
-void ReadTree(HWND tree, Shown& shown) {
-  for (HTREEITEM node = TreeView_GetRoot(tree); node != nullptr;
-       node = TreeView_GetNextVisible(tree, node)) {
-    const std::string text = Utf8(TreeItemText(tree, node));
-    if (const std::size_t colon = text.rfind(": "); colon != text.npos) {
-      shown["tree/" + text.substr(0, colon)] = text.substr(colon + 2);
-    }
-  }
-}
-
 Shown Read(DocumentSheet& sheet) {
   Shown shown;
   for (int index = 0; index < sheet.Sheet().PageCount(); ++index) {
     const HWND page = sheet.Sheet().ShowPage(index);
     EXPECT_NE(page, nullptr) << "page " << index;
-    if (const HWND tree = ::GetDlgItem(page, IDC_TREE)) {
-      ReadTree(tree, shown);
-      continue;
-    }
-    for (HWND child = ::GetWindow(page, GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-      const int id = ::GetDlgCtrlID(child);
-      if (const auto value = ValueOf(child); value && id != IDC_BASIC_FAVORITES) {
-        shown[std::to_string(index) + "/" + std::to_string(id)] =
-            *value + (::IsWindowEnabled(child) ? "" : " (disabled)");
-      }
+    for (const auto& [control, value] : host::ReadControls(page)) {
+      shown[std::to_string(index) + "/" + control] = value;
     }
   }
+  shown.erase("0/1300");  // the list of favourites itself
   return shown;
 }
 
@@ -276,6 +232,7 @@ TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
   const auto choose = [&](int page, int list, int entry) {
     OnPage(*sheet, page, [=](HWND window) { Choose(window, list, entry); });
     expected["0/1291"] = expected["4/1036"] = std::to_string(entry);
+    expected["0/1285"] = entry == kGray ? "A4 たて、片面、白黒、1部" : "A4 たて、片面、カラー、1部";
     EXPECT_EQ(Differences(expected, Read(*sheet)), "");
   };
   choose(kBasicPage, IDC_BASIC_COLOR_MODE, kGray);
@@ -287,11 +244,13 @@ TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
     EXPECT_EQ(Differences(expected, Read(*sheet)), "") << text;
   };
   answer("cancel;PG_NUMBR=8");
+  expected["0/1285"] = "A4 たて、両面(短辺とじ)、カラー、7部";
+  expected["1/1285"].replace(0, std::strlen("ホチキスなし"), "ホチキス(左上1か所)");
   expected["0/6004"] = "7";
   expected["0/6010"] = "2";
   expected["1/1273"] = "1";
   expected["2/1403"] = "4 (disabled)";
-  expected[Utf8("tree/\x8A\x67\x91\xE5\x8F\x6B\x8F\xAC")] = "150 %";
+  expected["3/拡大縮小"] = "150 %";
   answer("ok;PG_NUMBR=7;OUT_BOTH=2;OUT_STPL=1;PG_MAGNI=150;OUT_WTNO=5;OT_HRLNW=50;profile=Other");
   EXPECT_EQ(Changes(start_, PressOk(*sheet)),
             "option %Copies: 1 -> 7\noption %Scaling: 100 -> 150\n"
@@ -373,7 +332,9 @@ TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
     for (const bool isThere : {true, false}) {
       EXPECT_TRUE(::MoveFileA((isThere ? away : file).c_str(), (isThere ? file : away).c_str()));
       const Shown shown = Read(*sheet);
-      expected["0/6014"] = shown.at("0/6014");  // has as many entries as the companion tells
+      for (const char* told : {"0/6014", "1/1285"}) {  // the companion's entries and names
+        expected[told] = shown.at(told);
+      }
       EXPECT_EQ(Differences(expected, shown), "") << (isThere ? "back" : "gone");
     }
     EXPECT_EQ(Changes(start_, PressOk(*sheet)), "");
