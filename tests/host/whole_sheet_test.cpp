@@ -4,7 +4,6 @@
 #include <cstring>
 #include <map>
 
-#include "bridge/companion_abi.h"
 #include "host/base/dialog_driver.h"
 #include "host/driver/report.h"
 #include "host/private_favorites.h"
@@ -319,6 +318,10 @@ TEST_F(WholeSheetTest, StoredSelectionsBeyondTheListsAreHandedBack) {
   }
 }
 
+bool Rename(const std::string& from, const std::string& to) {
+  return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
+}
+
 // The device profile and the companion may be missing, and come and go while the sheet is open.
 TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
   const std::string plugIn = queue_->PlugInPath();
@@ -326,11 +329,11 @@ TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
     SCOPED_TRACE(name);
     const std::string file = plugIn.substr(0, plugIn.rfind('\\') + 1) + name;
     const std::string away = file + ".away";
-    ASSERT_TRUE(::MoveFileA(file.c_str(), away.c_str()));
+    ASSERT_TRUE(Rename(file, away));
     const auto sheet = Open(start_);
     Shown expected = Read(*sheet);
     for (const bool isThere : {true, false}) {
-      EXPECT_TRUE(::MoveFileA((isThere ? away : file).c_str(), (isThere ? file : away).c_str()));
+      EXPECT_TRUE(isThere ? Rename(away, file) : Rename(file, away));
       const Shown shown = Read(*sheet);
       for (const char* told : {"0/6014", "1/1285"}) {  // the companion's entries and names
         expected[told] = shown.at(told);
@@ -339,50 +342,8 @@ TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
     }
     EXPECT_EQ(Changes(start_, PressOk(*sheet)), "");
     EXPECT_EQ(plugIn_->Helper().Updates().size(), 0u);
-    EXPECT_TRUE(::MoveFileA(away.c_str(), file.c_str()));
+    EXPECT_TRUE(Rename(away, file));
   }
-}
-
-INT_PTR CALLBACK NothingDone(HWND, UINT, WPARAM, LPARAM) {
-  return FALSE;
-}
-
-// A page's messages before it is set up, or to a window that never was a page of a sheet.
-TEST_F(WholeSheetTest, PageProceduresDoNothingWithoutASheet) {
-  const struct {
-    int page, dialog;
-  } rows[] = {{kBasicPage, IDD_BASIC_PAGE},
-              {kTrayPage, IDD_TRAY_PAGE},
-              {kWatermarkPage, IDD_WATERMARK_PAGE},
-              {kJobPage, IDD_JOB_PAGE}};
-  const auto sheet = Open(start_);
-  const Shown before = Read(*sheet);
-  for (const auto& [page, dialog] : rows) {
-    SCOPED_TRACE(page);
-    const auto procedure =
-        reinterpret_cast<DLGPROC>(::GetWindowLongPtrA(sheet->Sheet().ShowPage(page), DWLP_DLGPROC));
-    const HWND stranger = ::CreateDialogParamA(plugIn_->Module(), MAKEINTRESOURCEA(dialog),
-                                               sheet->Sheet().Window(), &NothingDone, 0);
-    ASSERT_NE(stranger, nullptr);
-    EXPECT_EQ(procedure(stranger, WM_INITDIALOG, 0, 0), 0);
-    for (HWND child = ::GetWindow(stranger, GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-      for (const int code : {BN_CLICKED, CBN_SELCHANGE, CBN_SELENDOK, EN_KILLFOCUS, EN_CHANGE}) {
-        procedure(stranger, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(child), code),
-                  reinterpret_cast<LPARAM>(child));
-      }
-    }
-    for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
-      PSHNOTIFY notification{{stranger, 0, code}, 0};
-      EXPECT_EQ(procedure(stranger, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), 0);
-    }
-    EXPECT_EQ(procedure(stranger, WM_NOTIFY, 0, 0), 0);
-    EXPECT_EQ(procedure(stranger, WM_DRAWITEM, IDC_ILLUSTRATION, 0), 0);
-    procedure(stranger, companion_abi::kSendTreeItemsMessage, 0, 0);
-    ::DestroyWindow(stranger);
-  }
-  EXPECT_EQ(Differences(before, Read(*sheet)), "");
-  EXPECT_EQ(Changes(start_, PressOk(*sheet)), "");
 }
 
 }  // namespace
