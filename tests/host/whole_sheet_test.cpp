@@ -16,6 +16,7 @@ namespace {
 
 using host::DocumentSheet;
 using host::QueueDevMode;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 constexpr int kTwoSidedType = 2;  // of the paper types, most of which restrict the duplex setting
@@ -76,6 +77,7 @@ void UseDialog(HWND dialog) {
   } else if (::GetDlgItem(dialog, IDC_MEDIA_TYPE) != nullptr) {
     host::ChangeControls(dialog);
     host::ChooseEntry(::GetDlgItem(dialog, IDC_MEDIA_TYPE), kTwoSidedType);
+    host::ChooseEntry(::GetDlgItem(dialog, IDC_MEDIA_WEIGHT), 0);
     Click(dialog, IDOK);
   } else {
     const int yes = ::GetDlgItem(dialog, IDYES) != nullptr ? IDYES : IDOK;
@@ -176,6 +178,12 @@ TEST_F(WholeSheetTest, EveryControlComesBackAfterOkAndByItsFavorite) {
 
   sheet = Open(kept);
   EXPECT_EQ(Differences(changed, Read(*sheet)), "") << "reopened";
+  for (const char* ofDialogs :
+       {"ZNMediaType", "ZNMediaTypeWeight", "ZNPaperColor", "ZNManualFeedDuplex",
+        "ZNAutoTraySettingToBypass", "ZNMediaTypeBypass", "ZNMediaTypeWeightBypass",
+        "ZNPaperColorBypass", "customPaperWidth", "customPaperHeight", "customPaperDirection"}) {
+    EXPECT_THAT(Changes(start_, kept), HasSubstr(' ' + std::string(ofDialogs) + ": "));
+  }
   Shown expected = changed;
   for (const int index : kRestoring) {
     SCOPED_TRACE(index);
@@ -195,8 +203,8 @@ TEST_F(WholeSheetTest, EveryControlComesBackAfterOkAndByItsFavorite) {
   expected = defaults;
   Replace(expected, changed, &IsJobName);
   EXPECT_EQ(Differences(expected, Read(*sheet)), "") << "standard settings";
+  EXPECT_EQ(Changes(PressOk(*sheet), start_), kJobNameLost);
   queue_->Store(start_);
-  PressOk(*sheet);
 
   sheet = Open(start_);
   ChooseFavorite(*sheet, Favorite::Saved);
@@ -223,6 +231,19 @@ TEST_F(WholeSheetTest, CancelKeepsWhatTheLastApplyLeft) {
   queue_->Store(kept);
   sheet = Open(kept);
   EXPECT_EQ(Differences(applied, Read(*sheet)), "");
+  for (const int index : kRestoring) {
+    RestoreDefaults(*sheet, index);
+  }
+  EXPECT_EQ(Changes(start_, PressOk(*sheet)),
+            // what has no control on those pages, and the job's name
+            "option %Scaling: 100 -> 2\noption %TTOption: 0 -> 1\noption %ICMMethod: 0 -> 1\n"
+            "option %ICMIntent: 0 -> 1\noption Resolution: 600dpi -> 1200dpi\n"
+            "driver flags: 0 -> 6\ndriver psOutputOption: 0 -> 1\n"
+            "driver trueTypeFontDownload: 0 -> 1\n"
+            "driver customPaperWidth: 210000 -> 150001\n"
+            "driver customPaperHeight: 297000 -> 250501\n"
+            "driver customPaperDirection: 0 -> 2\ndriver psLanguageLevel: 3 -> 2\n"
+            "block 2156 job name mode: 0 -> 1\nblock 2160 job name: \"\" -> \"text\"\n");
 }
 
 TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
