@@ -8,6 +8,19 @@
 #include "platform/unique.h"
 
 namespace zn::host {
+namespace {
+
+std::string NarrowText(UINT codePage, std::wstring_view text) {
+  constexpr std::size_t kMostBytes = 3;  // of a UTF-16 unit
+  std::string narrow(text.size() * kMostBytes, '\0');
+  const int length =
+      ::WideCharToMultiByte(codePage, 0, text.data(), static_cast<int>(text.size()), narrow.data(),
+                            static_cast<int>(narrow.size()), nullptr, nullptr);
+  narrow.resize(static_cast<std::size_t>(length));
+  return narrow;
+}
+
+}  // namespace
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {
   const UniqueFile file(std::fopen(path.c_str(), "rb"));
@@ -52,12 +65,11 @@ std::wstring WideText(std::string_view text) {
 }
 
 std::string AnsiText(std::wstring_view text) {
-  std::string ansi(text.size() * 2, '\0');
-  const int length =
-      ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), ansi.data(),
-                            static_cast<int>(ansi.size()), nullptr, nullptr);
-  ansi.resize(static_cast<std::size_t>(length));
-  return ansi;
+  return NarrowText(CP_ACP, text);
+}
+
+std::string Utf8Text(std::wstring_view text) {
+  return NarrowText(CP_UTF8, text);
 }
 
 }  // namespace zn::host

@@ -18,5 +18,6 @@ namespace zn::host {
 
 [[nodiscard]] std::wstring WideText(std::string_view text);
 [[nodiscard]] std::string AnsiText(std::wstring_view text);
+[[nodiscard]] std::string Utf8Text(std::wstring_view text);
 
 }  // namespace zn::host

@@ -3,10 +3,13 @@
 #include <commctrl.h>
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "host/base/files.h"
 
 namespace zn::host {
 namespace {
@@ -59,10 +62,14 @@ bool CanBeUsed(HWND control) {
   return (::GetWindowLongPtrA(control, GWL_STYLE) & (kShown | kNot)) == kShown;
 }
 
-bool Fits(const Use& use, HWND control) {
+std::string ClassOf(HWND control) {
   std::array<char, 32> name{};
   ::GetClassNameA(control, name.data(), static_cast<int>(name.size()));
-  return use.windowClass == name.data() &&
+  return name.data();
+}
+
+bool Fits(const Use& use, HWND control) {
+  return use.windowClass == ClassOf(control) &&
          (use.types == 0 ||
           (use.types & Bit(::GetWindowLongPtrA(control, GWL_STYLE) & BS_TYPEMASK)) != 0);
 }
@@ -91,6 +98,41 @@ void VisitItems(HWND tree) {
   }
 }
 
+// Nothing for a label.
+std::optional<std::string> ValueOf(HWND control) {
+  const std::string className = ClassOf(control);
+  if (className.starts_with("ComboBox")) {
+    return std::to_string(::SendMessageA(control, CB_GETCURSEL, 0, 0));
+  }
+  if (className == "Button") {
+    return ::SendMessageA(control, BM_GETCHECK, 0, 0) != 0 ? "checked" : "unchecked";
+  }
+  const LONG_PTR style = ::GetWindowLongPtrA(control, GWL_STYLE);
+  if (className != "Edit" && (className != "Static" || (style & SS_TYPEMASK) != SS_OWNERDRAW)) {
+    return std::nullopt;
+  }
+  std::array<wchar_t, 1024> text{};
+  ::GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
+  return Utf8Text(text.data());
+}
+
+void ReadTree(HWND tree, std::map<std::string, std::string>& values) {
+  for (HTREEITEM node = TreeView_GetRoot(tree); node != nullptr;
+       node = TreeView_GetNextVisible(tree, node)) {
+    std::array<wchar_t, 256> buffer{};
+    TVITEMW item{};
+    item.mask = TVIF_TEXT | TVIF_HANDLE;
+    item.hItem = node;
+    item.pszText = buffer.data();
+    item.cchTextMax = static_cast<int>(buffer.size());
+    ::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    const std::string text = Utf8Text(buffer.data());
+    if (const std::size_t colon = text.rfind(": "); colon != text.npos) {
+      values[text.substr(0, colon)] = text.substr(colon + 2);
+    }
+  }
+}
+
 }  // namespace
 
 void ChooseEntry(HWND list, int entry) {
@@ -112,6 +154,25 @@ void PressButtons(HWND page) {
 void ChangeControls(HWND page) {
   UseControls(page, kValues);
   UseControls(page, kTrees);
+}
+
+std::map<std::string, std::string> ReadControls(HWND page) {
+  std::map<std::string, std::string> values;
+  for (HWND child = ::GetWindow(page, GW_CHILD); child != nullptr;
+       child = ::GetWindow(child, GW_HWNDNEXT)) {
+    if (ClassOf(child) == "SysTreeView32") {
+      values.clear();  // the editors of its items are no values of their own
+      ReadTree(child, values);
+      return values;
+    }
+    if (auto value = ValueOf(child)) {
+      const LONG_PTR style = ::GetWindowLongPtrA(child, GWL_STYLE);
+      value->append((style & WS_DISABLED) != 0 ? " (disabled)" : "");
+      value->append((style & WS_VISIBLE) == 0 ? " (hidden)" : "");
+      values[std::to_string(::GetDlgCtrlID(child))] = *value;
+    }
+  }
+  return values;
 }
 
 }  // namespace zn::host

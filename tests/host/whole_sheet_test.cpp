@@ -1,13 +1,10 @@
 // All pages of the preferences together, on the shipped DLL: what one page, a dialog or a favourite
 // sets is what the others, the core driver and the next sheet have.
 #include <algorithm>
+#include <cstring>
 #include <map>
-#include <optional>
 
-#include "bridge/companion_abi.h"
 #include "host/base/dialog_driver.h"
-#include "host/base/files.h"
-#include "host/base/host_ids.h"
 #include "host/driver/report.h"
 #include "host/private_favorites.h"
 #include "host/window/page_use.h"
@@ -19,6 +16,7 @@ namespace {
 
 using host::DocumentSheet;
 using host::QueueDevMode;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 constexpr int kTwoSidedType = 2;  // of the paper types, most of which restrict the duplex setting
@@ -32,58 +30,16 @@ constexpr char kJobNameLost[] =
 // The values that the sheet shows, by page and control.
 using Shown = std::map<std::string, std::string>;
 
-// Nothing for what shows no value.
-std::optional<std::string> ValueOf(HWND control) {
-  char name[32] = "";
-  ::GetClassNameA(control, name, sizeof name);
-  const std::string className = name;
-  const LONG_PTR type = ::GetWindowLongPtrA(control, GWL_STYLE) & BS_TYPEMASK;
-  if (className.starts_with("ComboBox")) {
-    return std::to_string(::SendMessageA(control, CB_GETCURSEL, 0, 0));
-  }
-  if (className == "Button" && (type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON)) {
-    return ::SendMessageA(control, BM_GETCHECK, 0, 0) != 0 ? "checked" : "unchecked";
-  }
-  return className == "Edit" ? std::optional(TextOf(::GetParent(control), ::GetDlgCtrlID(control)))
-                             : std::nullopt;
-}
-
-std::string Utf8(const std::string& text) {
-  const std::wstring wide = host::WideText(text);
-  std::string utf8(4 * wide.size() + 1, '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, wide.c_str(), -1, utf8.data(), static_cast<int>(utf8.size()),
-                        nullptr, nullptr);
-  return utf8.c_str();
-}
-
-void ReadTree(HWND tree, Shown& shown) {
-  for (HTREEITEM node = TreeView_GetRoot(tree); node != nullptr;
-       node = TreeView_GetNextVisible(tree, node)) {
-    const std::string text = Utf8(TreeItemText(tree, node));
-    if (const std::size_t colon = text.rfind(": "); colon != text.npos) {
-      shown["tree/" + text.substr(0, colon)] = text.substr(colon + 2);
-    }
-  }
-}
-
 Shown Read(DocumentSheet& sheet) {
   Shown shown;
   for (int index = 0; index < sheet.Sheet().PageCount(); ++index) {
     const HWND page = sheet.Sheet().ShowPage(index);
     EXPECT_NE(page, nullptr) << "page " << index;
-    if (const HWND tree = ::GetDlgItem(page, IDC_TREE)) {
-      ReadTree(tree, shown);
-      continue;
-    }
-    for (HWND child = ::GetWindow(page, GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-      const int id = ::GetDlgCtrlID(child);
-      if (const auto value = ValueOf(child); value && id != IDC_BASIC_FAVORITES) {
-        shown[std::to_string(index) + "/" + std::to_string(id)] =
-            *value + (::IsWindowEnabled(child) ? "" : " (disabled)");
-      }
+    for (const auto& [control, value] : host::ReadControls(page)) {
+      shown[std::to_string(index) + "/" + control] = value;
     }
   }
+  shown.erase("0/1300");  // the list of favourites itself
   return shown;
 }
 
@@ -121,6 +77,7 @@ void UseDialog(HWND dialog) {
   } else if (::GetDlgItem(dialog, IDC_MEDIA_TYPE) != nullptr) {
     host::ChangeControls(dialog);
     host::ChooseEntry(::GetDlgItem(dialog, IDC_MEDIA_TYPE), kTwoSidedType);
+    host::ChooseEntry(::GetDlgItem(dialog, IDC_MEDIA_WEIGHT), 0);
     Click(dialog, IDOK);
   } else {
     const int yes = ::GetDlgItem(dialog, IDYES) != nullptr ? IDYES : IDOK;
@@ -221,6 +178,12 @@ TEST_F(WholeSheetTest, EveryControlComesBackAfterOkAndByItsFavorite) {
 
   sheet = Open(kept);
   EXPECT_EQ(Differences(changed, Read(*sheet)), "") << "reopened";
+  for (const char* ofDialogs :
+       {"ZNMediaType", "ZNMediaTypeWeight", "ZNPaperColor", "ZNManualFeedDuplex",
+        "ZNAutoTraySettingToBypass", "ZNMediaTypeBypass", "ZNMediaTypeWeightBypass",
+        "ZNPaperColorBypass", "customPaperWidth", "customPaperHeight", "customPaperDirection"}) {
+    EXPECT_THAT(Changes(start_, kept), HasSubstr(' ' + std::string(ofDialogs) + ": "));
+  }
   Shown expected = changed;
   for (const int index : kRestoring) {
     SCOPED_TRACE(index);
@@ -240,8 +203,8 @@ TEST_F(WholeSheetTest, EveryControlComesBackAfterOkAndByItsFavorite) {
   expected = defaults;
   Replace(expected, changed, &IsJobName);
   EXPECT_EQ(Differences(expected, Read(*sheet)), "") << "standard settings";
+  EXPECT_EQ(Changes(PressOk(*sheet), start_), kJobNameLost);
   queue_->Store(start_);
-  PressOk(*sheet);
 
   sheet = Open(start_);
   ChooseFavorite(*sheet, Favorite::Saved);
@@ -268,6 +231,19 @@ TEST_F(WholeSheetTest, CancelKeepsWhatTheLastApplyLeft) {
   queue_->Store(kept);
   sheet = Open(kept);
   EXPECT_EQ(Differences(applied, Read(*sheet)), "");
+  for (const int index : kRestoring) {
+    RestoreDefaults(*sheet, index);
+  }
+  EXPECT_EQ(Changes(start_, PressOk(*sheet)),
+            // what has no control on those pages, and the job's name
+            "option %Scaling: 100 -> 2\noption %TTOption: 0 -> 1\noption %ICMMethod: 0 -> 1\n"
+            "option %ICMIntent: 0 -> 1\noption Resolution: 600dpi -> 1200dpi\n"
+            "driver flags: 0 -> 6\ndriver psOutputOption: 0 -> 1\n"
+            "driver trueTypeFontDownload: 0 -> 1\n"
+            "driver customPaperWidth: 210000 -> 150001\n"
+            "driver customPaperHeight: 297000 -> 250501\n"
+            "driver customPaperDirection: 0 -> 2\ndriver psLanguageLevel: 3 -> 2\n"
+            "block 2156 job name mode: 0 -> 1\nblock 2160 job name: \"\" -> \"text\"\n");
 }
 
 TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
@@ -276,6 +252,7 @@ TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
   const auto choose = [&](int page, int list, int entry) {
     OnPage(*sheet, page, [=](HWND window) { Choose(window, list, entry); });
     expected["0/1291"] = expected["4/1036"] = std::to_string(entry);
+    expected["0/1285"] = entry == kGray ? "A4 たて、片面、白黒、1部" : "A4 たて、片面、カラー、1部";
     EXPECT_EQ(Differences(expected, Read(*sheet)), "");
   };
   choose(kBasicPage, IDC_BASIC_COLOR_MODE, kGray);
@@ -287,11 +264,13 @@ TEST_F(WholeSheetTest, PagesShowWhatAnotherPageOrTheOptionDialogSet) {
     EXPECT_EQ(Differences(expected, Read(*sheet)), "") << text;
   };
   answer("cancel;PG_NUMBR=8");
+  expected["0/1285"] = "A4 たて、両面(短辺とじ)、カラー、7部";
+  expected["1/1285"].replace(0, std::strlen("ホチキスなし"), "ホチキス(左上1か所)");
   expected["0/6004"] = "7";
   expected["0/6010"] = "2";
   expected["1/1273"] = "1";
   expected["2/1403"] = "4 (disabled)";
-  expected[Utf8("tree/\x8A\x67\x91\xE5\x8F\x6B\x8F\xAC")] = "150 %";
+  expected["3/拡大縮小"] = "150 %";
   answer("ok;PG_NUMBR=7;OUT_BOTH=2;OUT_STPL=1;PG_MAGNI=150;OUT_WTNO=5;OT_HRLNW=50;profile=Other");
   EXPECT_EQ(Changes(start_, PressOk(*sheet)),
             "option %Copies: 1 -> 7\noption %Scaling: 100 -> 150\n"
@@ -360,6 +339,10 @@ TEST_F(WholeSheetTest, StoredSelectionsBeyondTheListsAreHandedBack) {
   }
 }
 
+bool Rename(const std::string& from, const std::string& to) {
+  return ::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE;
+}
+
 // The device profile and the companion may be missing, and come and go while the sheet is open.
 TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
   const std::string plugIn = queue_->PlugInPath();
@@ -367,61 +350,21 @@ TEST_F(WholeSheetTest, DriverFilesMayComeAndGo) {
     SCOPED_TRACE(name);
     const std::string file = plugIn.substr(0, plugIn.rfind('\\') + 1) + name;
     const std::string away = file + ".away";
-    ASSERT_TRUE(::MoveFileA(file.c_str(), away.c_str()));
+    ASSERT_TRUE(Rename(file, away));
     const auto sheet = Open(start_);
     Shown expected = Read(*sheet);
     for (const bool isThere : {true, false}) {
-      EXPECT_TRUE(::MoveFileA((isThere ? away : file).c_str(), (isThere ? file : away).c_str()));
+      EXPECT_TRUE(isThere ? Rename(away, file) : Rename(file, away));
       const Shown shown = Read(*sheet);
-      expected["0/6014"] = shown.at("0/6014");  // has as many entries as the companion tells
+      for (const char* told : {"0/6014", "1/1285"}) {  // the companion's entries and names
+        expected[told] = shown.at(told);
+      }
       EXPECT_EQ(Differences(expected, shown), "") << (isThere ? "back" : "gone");
     }
     EXPECT_EQ(Changes(start_, PressOk(*sheet)), "");
     EXPECT_EQ(plugIn_->Helper().Updates().size(), 0u);
-    EXPECT_TRUE(::MoveFileA(away.c_str(), file.c_str()));
+    EXPECT_TRUE(Rename(away, file));
   }
-}
-
-INT_PTR CALLBACK NothingDone(HWND, UINT, WPARAM, LPARAM) {
-  return FALSE;
-}
-
-// A page's messages before it is set up, or to a window that never was a page of a sheet.
-TEST_F(WholeSheetTest, PageProceduresDoNothingWithoutASheet) {
-  const struct {
-    int page, dialog;
-  } rows[] = {{kBasicPage, IDD_BASIC_PAGE},
-              {kTrayPage, IDD_TRAY_PAGE},
-              {kWatermarkPage, IDD_WATERMARK_PAGE},
-              {kJobPage, IDD_JOB_PAGE}};
-  const auto sheet = Open(start_);
-  const Shown before = Read(*sheet);
-  for (const auto& [page, dialog] : rows) {
-    SCOPED_TRACE(page);
-    const auto procedure =
-        reinterpret_cast<DLGPROC>(::GetWindowLongPtrA(sheet->Sheet().ShowPage(page), DWLP_DLGPROC));
-    const HWND stranger = ::CreateDialogParamA(plugIn_->Module(), MAKEINTRESOURCEA(dialog),
-                                               sheet->Sheet().Window(), &NothingDone, 0);
-    ASSERT_NE(stranger, nullptr);
-    EXPECT_EQ(procedure(stranger, WM_INITDIALOG, 0, 0), 0);
-    for (HWND child = ::GetWindow(stranger, GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-      for (const int code : {BN_CLICKED, CBN_SELCHANGE, CBN_SELENDOK, EN_KILLFOCUS, EN_CHANGE}) {
-        procedure(stranger, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(child), code),
-                  reinterpret_cast<LPARAM>(child));
-      }
-    }
-    for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
-      PSHNOTIFY notification{{stranger, 0, code}, 0};
-      EXPECT_EQ(procedure(stranger, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), 0);
-    }
-    EXPECT_EQ(procedure(stranger, WM_NOTIFY, 0, 0), 0);
-    EXPECT_EQ(procedure(stranger, WM_DRAWITEM, IDC_ILLUSTRATION, 0), 0);
-    procedure(stranger, companion_abi::kSendTreeItemsMessage, 0, 0);
-    ::DestroyWindow(stranger);
-  }
-  EXPECT_EQ(Differences(before, Read(*sheet)), "");
-  EXPECT_EQ(Changes(start_, PressOk(*sheet)), "");
 }
 
 }  // namespace

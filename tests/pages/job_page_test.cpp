@@ -1,5 +1,7 @@
 // The job page, driven by messages as its user would.
 
+#include <span>
+
 #include "page_sheet.h"
 #include "pages/pages.h"
 #include "res/resource_ids.h"
@@ -328,22 +330,28 @@ TEST_F(PrintOptions, CancelKeepsEverything) {
 
 // --- The dispatcher ---
 
+// Commands before the page is set up, notifications to a window that is none of a sheet.
 TEST_F(JobPage, APageWithoutSheetDoesNothing) {
-  const HWND dialog =
-      ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_JOB_PAGE),
-                           ::GetDesktopWindow(), DialogPages()[kJobPage].procedure, 0);
-  ASSERT_NE(dialog, nullptr);
-  PSHNOTIFY notification{};
-  for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
-    notification.hdr.code = code;
-    EXPECT_EQ(DialogPages()[kJobPage].procedure(dialog, WM_NOTIFY, 0,
-                                                reinterpret_cast<LPARAM>(&notification)),
-              0);
+  for (const auto& page : std::span(DialogPages(), kDialogPageCount)) {
+    SCOPED_TRACE(page.templateId);
+    const HWND dialog =
+        ::CreateDialogParamA(::GetModuleHandleA(nullptr), MAKEINTRESOURCEA(page.templateId),
+                             ::GetDesktopWindow(), page.procedure, 0);
+    ASSERT_NE(dialog, nullptr);
+    PSHNOTIFY notification{};
+    for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_APPLY}) {
+      notification.hdr.code = code;
+      EXPECT_EQ(page.procedure(dialog, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), 0);
+    }
+    for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+      for (const int code : {BN_CLICKED, CBN_SELCHANGE, EN_KILLFOCUS, EN_CHANGE}) {
+        EXPECT_EQ(page.procedure(dialog, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(child), code), 0),
+                  0);
+      }
+    }
+    ::DestroyWindow(dialog);
   }
-  for (const int id : {IDC_JOB_NAME, IDC_RESTORE_DEFAULTS, IDC_JOB_PRINT_OPTIONS}) {
-    EXPECT_EQ(DialogPages()[kJobPage].procedure(dialog, WM_COMMAND, MAKEWPARAM(id, 0), 0), 0);
-  }
-  ::DestroyWindow(dialog);
 }
 
 TEST_F(JobPage, ASecondInitializationChangesNothing) {
