@@ -37,8 +37,8 @@ static_assert(sizeof(StringRecord) == 32 && offsetof(StringRecord, size) == 16 &
 
 // One row of the summary tree.
 struct SummaryItem {
-  std::int32_t level;         // 0 heading, 1 item, 2 and 3 nested items
-  std::uint32_t id;           // below 338 a keyword id, from 338 on a heading of the companion
+  std::int32_t level;              // 0 heading, 1 item, 2 and 3 nested items
+  std::uint32_t id;                // below 338 a keyword id, from 338 on a heading of the companion
   std::uint32_t reserved[2] = {};  // the companion may use them
 };
 static_assert(sizeof(SummaryItem) == 16);

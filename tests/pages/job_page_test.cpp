@@ -43,20 +43,6 @@ class JobPage : public PageSheetTest {
 using Values = std::vector<std::uint32_t>;
 using Indexes = std::vector<int>;
 
-TEST_F(JobPage, OpensWithTheCurrentSettings) {
-  EnterJobName(std::string(256, 'z').c_str());
-  Open(kJobPage);
-  EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
-  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
-  EXPECT_EQ(Text(IDC_JOB_NAME), std::string(255, 'z'));
-  EXPECT_TRUE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
-  EXPECT_EQ(sheet_->activePage, Page());
-  EXPECT_FALSE(CanApply()) << "opening a page is no change";
-  Click(IDC_JOB_NAME_AUTOMATIC);
-  EXPECT_FALSE(::IsWindowEnabled(Control(IDC_JOB_NAME)));
-  EXPECT_TRUE(CanApply());
-}
-
 TEST_F(JobPage, TextsComeFromTheCompanionModule) {
   Open(kBasicPage);
   const LONG loads = calls_[companion::Call::Load];
@@ -93,27 +79,6 @@ TEST_F(JobPage, WithoutCompanionTheTemplateTextsStay) {
   EXPECT_EQ(Shown(), (Indexes{1, 3, 2}));
   Click(IDC_JOB_PRINT_OPTIONS);
   EXPECT_TRUE(messages.empty());
-  EXPECT_EQ(Selections(), (Values{1, 3, 2}));
-}
-
-TEST_F(JobPage, EveryChoiceIsStoredAtOnce) {
-  Open(kJobPage);
-  Choose(IDC_JOB_COLOR_MODE, 0);
-  EXPECT_EQ(Selections(), (Values{0, 3, 2}));
-  EXPECT_TRUE(CanApply());
-  Choose(IDC_JOB_PRINTER_MODE, 4);
-  EXPECT_EQ(Selections(), (Values{0, 4, 2}));
-  Click(IDC_JOB_SPOOL_AFTER_PRINT);
-  EXPECT_EQ(Selections(), (Values{0, 4, 1}));
-  EXPECT_TRUE(driver_.updates.empty()) << "the core driver is told when the page is left";
-}
-
-TEST_F(JobPage, AListWithoutSelectionKeepsTheStoredValue) {
-  Open(kJobPage);
-  Choose(IDC_JOB_COLOR_MODE, -1);
-  Choose(IDC_JOB_PRINTER_MODE, -1);
-  ::SendMessageA(Control(IDC_JOB_SPOOL_ONLY), BM_SETCHECK, BST_UNCHECKED, 0);
-  ASSERT_TRUE(Activate(kTrayPage));
   EXPECT_EQ(Selections(), (Values{1, 3, 2}));
 }
 
@@ -211,22 +176,6 @@ TEST_F(JobPage, APageIsOnlyLeftWithAValidJobName) {
 
 // --- Leaving, applying, restoring ---
 
-TEST_F(JobPage, LeavingCommitsExactlyTheChanges) {
-  Open(kJobPage);
-  Choose(IDC_JOB_PRINTER_MODE, 2);
-  Click(IDC_JOB_NAME_ENTERED);
-  ::SetWindowTextA(Control(IDC_JOB_NAME), "invoice");
-  const LONG released = calls_[companion::Call::DeleteMember];
-  ASSERT_TRUE(Activate(kWatermarkPage));
-  ASSERT_EQ(driver_.updates.size(), 1u);
-  EXPECT_EQ(driver_.updates[0].item, sheet_->items[KW_PRINTERMODE]);
-  EXPECT_EQ(driver_.updates[0].previous, 3u);
-  EXPECT_EQ(sheet_->items[KW_PRINTERMODE]->Sel, 2);
-  EXPECT_EQ(devMode_.block.GetText(devmode::kJobName), "invoice");
-  EXPECT_EQ(devMode_.block.GetDWord(devmode::kJobNameMode), 1u);
-  EXPECT_EQ(calls_[companion::Call::DeleteMember] - released, 1);
-}
-
 TEST_F(JobPage, ReadsNoControlsWhileInactiveAndIsFilledWhenActivated) {
   Open(kJobPage);
   const HWND jobPage = Page();
@@ -242,26 +191,6 @@ TEST_F(JobPage, ReadsNoControlsWhileInactiveAndIsFilledWhenActivated) {
   sheet_->SetCurrent(KW_SPOOLOPTION, 1);
   ASSERT_TRUE(Activate(kJobPage));
   EXPECT_EQ(Shown(), (Indexes{0, 3, 1})) << "what other pages changed";
-}
-
-TEST_F(JobPage, RestoreDefaultsStoresThemAndLeavesTheJobName) {
-  EnterJobName("kept");
-  Open(kJobPage);
-  sheet_->activePage = nullptr;
-  ::ValidateRect(Page(), nullptr);
-  Click(IDC_RESTORE_DEFAULTS);
-  EXPECT_TRUE(::GetUpdateRect(Page(), nullptr, FALSE)) << "the page is painted again";
-  EXPECT_EQ(Shown(), (Indexes{0, 1, 0}));
-  EXPECT_EQ(Selections(), (Values{0, 1, 0}));
-  EXPECT_EQ(sheet_->activePage, Page());
-  EXPECT_EQ(Text(IDC_JOB_NAME), "kept");
-  EXPECT_TRUE(IsChecked(IDC_JOB_NAME_ENTERED));
-  EXPECT_FALSE(CanApply());
-  EXPECT_TRUE(messages.empty());
-  for (const int answer : {1, 0}) {
-    EXPECT_EQ(Ask(kJobPage, WM_COMMAND, MAKEWPARAM(IDC_RESTORE_DEFAULTS, BN_CLICKED), 0), answer);
-    ::DestroyWindow(Control(IDC_JOB_SPOOL_GROUP));  // a missing control is reported
-  }
 }
 
 TEST_F(JobPage, ApplyReportsSuccessToTheSheet) {
@@ -364,16 +293,6 @@ TEST_F(JobPage, ASecondInitializationChangesNothing) {
   }
   Choose(IDC_JOB_PRINTER_MODE, 2);
   EXPECT_EQ(Current(KW_PRINTERMODE), 2u);
-}
-
-TEST_F(JobPage, UnhandledMessagesAreLeftToTheDialogManager) {
-  Open(kJobPage);
-  NMHDR other{.hwndFrom = Page(), .idFrom = 0, .code = static_cast<UINT>(PSN_HELP)};
-  EXPECT_EQ(Ask(kJobPage, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&other)), 0);
-  for (const UINT message :
-       {WM_NOTIFY, WM_DRAWITEM, WM_CLOSE, WM_USER + 100, WM_USER + 200, WM_USER + 201, WM_TIMER}) {
-    EXPECT_EQ(Ask(kJobPage, message, 0, 0), 0) << message;
-  }
 }
 
 }  // namespace
