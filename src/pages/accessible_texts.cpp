@@ -84,9 +84,9 @@ void AccessibleTexts::Forget(HWND dialog) const noexcept {
     return;
   }
   ForEachChild(dialog, [&](HWND child) {
-    constexpr MSAAPROPID kGiven[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
-    services_->ClearHwndProps(InnerControl(child), kClient, kWholeControl, kGiven,
-                              static_cast<int>(std::size(kGiven)));
+    const MSAAPROPID given[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
+    services_->ClearHwndProps(InnerControl(child), kClient, kWholeControl, given,
+                              static_cast<int>(std::size(given)));
   });
 }
 
