@@ -132,16 +132,5 @@ TEST_F(Illustration, EveryJobIsDrawnWithoutALeak) {
   ::SelectObject(memory.get(), before);
 }
 
-// At 100 percent a list's images are 24 pixels, drawn with the script's colours.
-TEST_F(Illustration, ListImagesAreThere) {
-  for (const UINT strip : {IDB_COLOR_MODE, IDB_DUPLEX, IDB_NUP, IDB_PUNCH, IDB_STAPLE}) {
-    int width = 0;
-    int height = 0;
-    ASSERT_NE(SharedImages(strip), nullptr) << strip;
-    ::ImageList_GetIconSize(SharedImages(strip), &width, &height);
-    EXPECT_EQ(width, 24 * ScreenDpi() / 96) << strip;
-  }
-}
-
 }  // namespace
 }  // namespace zn::test
