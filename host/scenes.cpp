@@ -55,6 +55,7 @@ constexpr Scene kPreferences[] = {
      "finishing",
      {Choose(IDC_TRAY_STAPLE, 3), Choose(IDC_TRAY_PUNCH, 1), Choose(IDC_TRAY_JOG, 1),
       Click(IDC_TRAY_COLLATE), Click(IDC_TRAY_REVERSE_ORDER)}},
+    {1, "missing", {Choose(IDC_TRAY_SOURCE, 4), Choose(IDC_TRAY_OUTPUT, 2)}},
     {1, "conflict", {Choose(IDC_TRAY_PUNCH, 8)}},
     {1, "bypass", {Click(IDC_TRAY_BYPASS_SETTINGS)}},
     {1, "auto", {Click(IDC_TRAY_AUTO_SETTINGS)}},

@@ -6,7 +6,6 @@
 #include <ranges>
 
 #include "pages/page_images.h"
-#include "pages/profile_source.h"
 #include "pages/pspage.h"
 #include "pages/restriction_question.h"
 #include "pages/tips.h"
@@ -19,50 +18,7 @@ namespace {
 
 constexpr int kNoImage = I_IMAGENONE;
 
-// Per option whether the installed device serves it; nothing when the profile has no answer for so
-// many options.
-std::optional<std::vector<std::uint32_t>> AskDevice(const CProfileInfo& profile,
-                                                    Installed installed, std::size_t count) {
-  // One more than options: the query of the outputs writes six values for five.
-  std::vector<std::uint32_t> flags(count + 1, 1);
-  const int listed = static_cast<int>(count);
-  int answered = 1;
-  switch (installed) {
-    case Installed::Trays:
-      answered = profile.GetTrayConfig(flags.data(), listed);
-      break;
-    case Installed::Outputs:
-      answered = profile.GetOutputConfig(flags.data(), listed);
-      break;
-    case Installed::Punches:
-      profile.GetPunchConfig(flags.data(), listed);  // without an answer all stay
-      break;
-    case Installed::Staples:
-      std::fill(flags.begin() + 1, flags.end(), profile.Items()[CProfileInfo::kStapleItem].present);
-      break;
-    case Installed::Always:
-      break;
-  }
-  flags.resize(count);
-  return answered != 0 ? std::optional(std::move(flags)) : std::nullopt;
-}
-
 }  // namespace
-
-const CompanionModule& PageSources::Companion() {
-  if (!companion_) {
-    companion_.emplace(sheet_.hPrinter);
-  }
-  return *companion_;
-}
-
-const CProfileInfo& PageSources::Profile() {
-  if (!profile_) {
-    profile_ = std::make_unique<CProfileInfo>();
-    UpdateProfile(*profile_, sheet_);
-  }
-  return *profile_;
-}
 
 // --- Filling ---
 
@@ -192,7 +148,7 @@ std::optional<std::vector<int>> PageFrame::ImagesOf(const ControlRow& row, PageS
   const auto told = row.images.of != nullptr ? row.images.of(sheet_) : row.images.fixed;
   std::copy_n(told.begin(), std::min(told.size(), count), images.begin());
   if (row.installed != Installed::Always) {
-    const auto flags = AskDevice(sources.Profile(), row.installed, count);
+    const auto flags = sources.AskDevice(row.installed, count);
     if (!flags) {
       return std::nullopt;
     }

@@ -4,31 +4,14 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "bridge/companion.h"
+#include "pages/page_sources.h"
 #include "pages/page_table.h"
-#include "profile/profile_info.h"
 
 namespace zn {
-
-// Where one filling takes its texts and the device's options from: each is loaded once, when it is
-// first asked for.
-class PageSources {
- public:
-  explicit PageSources(const SheetContext& sheet) noexcept : sheet_(sheet) {}
-
-  [[nodiscard]] const CompanionModule& Companion();
-  [[nodiscard]] const CProfileInfo& Profile();
-
- private:
-  const SheetContext& sheet_;
-  std::optional<CompanionModule> companion_;
-  std::unique_ptr<CProfileInfo> profile_;
-};
 
 class PageFrame {
  public:
