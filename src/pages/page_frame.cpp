@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <ranges>
 
 #include "pages/page_images.h"
 #include "pages/pspage.h"
@@ -218,10 +217,11 @@ void PageFrame::Show() {
     std::ranges::for_each(table_.controls, show);
   }
   for (const KeywordId keyword : table_.showOrder) {
-    std::ranges::for_each(table_.controls | std::views::filter([&](const ControlRow& row) {
-                            return row.keyword == keyword;
-                          }),
-                          show);
+    for (const ControlRow& row : table_.controls) {
+      if (row.keyword == keyword) {
+        show(row);
+      }
+    }
   }
   EnableControls();
   RedrawIllustration();
@@ -468,7 +468,7 @@ void PageFrame::ShowTips() {
     const HWND control = row.kind == ControlKind::CheckBox ? Item(row.id) : ControlOf(row);
     const auto entry = row.installed != Installed::Always ? SelectedIndex(control) : std::nullopt;
     if (entry && ShowsWarning(control, static_cast<int>(*entry))) {
-      text = LoadResourceString(IDS_MISSING_UNIT) + (text.empty() ? "" : "\n") + text;
+      text.insert(0, text.empty() ? "" : "\n").insert(0, LoadResourceString(IDS_MISSING_UNIT));
     }
     SetTip(page_, control, text);
   }

@@ -100,6 +100,7 @@ inline constexpr std::uint32_t kCompanionCount = std::numeric_limits<std::uint32
 
 using SheetQuestion = bool (*)(const SheetContext& sheet);
 
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): in the order in which rows are read
 struct ControlRow {
   KeywordId keyword;
   ControlKind kind;
