@@ -1,12 +1,12 @@
 #include "pages/illustration.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "pages/job_painter.h"
 #include "pages/job_picture.h"
 #include "pages/job_sentence.h"
+#include "pages/pspage.h"
 #include "pages/tips.h"
 #include "platform/format_text.h"
 #include "platform/handles.h"
@@ -29,14 +29,10 @@ PaperSize DocumentPaper(const SheetContext& sheet) noexcept {
   return {width, height};
 }
 
+constexpr int kMaxSentence = 1023;  // bytes; a longer one is set again each time
+
 JobPicture Describe(const SheetContext& sheet) {
   return DescribeJob(sheet.options, DocumentPaper(sheet), sheet.hasPageOrder);
-}
-
-std::string ControlText(HWND control) {
-  std::array<char, 1024> text{};
-  ::GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
-  return text.data();
 }
 
 // What the picture itself says below the sheet.
@@ -58,7 +54,7 @@ void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kin
                                    ? LayoutSentence(page, sheet, Describe(sheet))
                                    : OutputSentence(page, sheet);
   // A screen reader hears of every text that is set.
-  if (sentence != ControlText(illustration)) {
+  if (sentence != ControlText(illustration, kMaxSentence)) {
     ::SetWindowTextA(illustration, sentence.c_str());
     SetTip(page, illustration, sentence);
   }
