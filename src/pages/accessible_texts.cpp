@@ -39,23 +39,26 @@ HWND InnerControl(HWND control) noexcept {
   return inner != nullptr ? inner : control;
 }
 
-AccessibleTexts::AccessibleTexts() noexcept {
-  if (FAILED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_IAccPropServices, reinterpret_cast<void**>(&services_)))) {
-    services_ = nullptr;
-  }
-}
-
 AccessibleTexts::~AccessibleTexts() {
   if (services_ != nullptr) {
     services_->Release();
   }
 }
 
+IAccPropServices* AccessibleTexts::Services() const noexcept {
+  if (services_ == nullptr &&
+      FAILED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_IAccPropServices, reinterpret_cast<void**>(&services_)))) {
+    services_ = nullptr;
+  }
+  return services_;
+}
+
 void AccessibleTexts::Set(HWND control, const GUID& property, const std::string& text) const {
-  if (services_ != nullptr && control != nullptr) {
-    services_->SetHwndPropStr(InnerControl(control), kClient, kWholeControl, property,
-                              WideText(text).c_str());
+  IAccPropServices* const services = control != nullptr ? Services() : nullptr;
+  if (services != nullptr) {
+    services->SetHwndPropStr(InnerControl(control), kClient, kWholeControl, property,
+                             WideText(text).c_str());
   }
 }
 
@@ -68,9 +71,6 @@ void AccessibleTexts::SetDescription(HWND control, const std::string& descriptio
 }
 
 void AccessibleTexts::NameExtendedLists(HWND dialog) const {
-  if (services_ == nullptr) {
-    return;
-  }
   ForEachChild(dialog, [&](HWND child) {
     if (const HWND before = ::GetWindow(child, GW_HWNDPREV); InnerControl(child) != child) {
       const bool isLabelled = (::SendMessageA(before, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
@@ -80,13 +80,14 @@ void AccessibleTexts::NameExtendedLists(HWND dialog) const {
 }
 
 void AccessibleTexts::Forget(HWND dialog) const noexcept {
-  if (services_ == nullptr) {
+  IAccPropServices* const services = Services();
+  if (services == nullptr) {
     return;
   }
   ForEachChild(dialog, [&](HWND child) {
     const MSAAPROPID given[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
-    services_->ClearHwndProps(InnerControl(child), kClient, kWholeControl, given,
-                              static_cast<int>(std::size(given)));
+    services->ClearHwndProps(InnerControl(child), kClient, kWholeControl, given,
+                             static_cast<int>(std::size(given)));
   });
 }
 

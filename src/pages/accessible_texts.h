@@ -17,7 +17,7 @@ namespace zn {
 
 class AccessibleTexts {
  public:
-  AccessibleTexts() noexcept;
+  AccessibleTexts() noexcept = default;
   ~AccessibleTexts();
   AccessibleTexts(const AccessibleTexts&) = delete;
   AccessibleTexts& operator=(const AccessibleTexts&) = delete;
@@ -32,7 +32,10 @@ class AccessibleTexts {
  private:
   void Set(HWND control, const GUID& property, const std::string& text) const;
 
-  IAccPropServices* services_ = nullptr;
+  // The system's annotation service, made when the first text needs it; null without COM.
+  [[nodiscard]] IAccPropServices* Services() const noexcept;
+
+  mutable IAccPropServices* services_ = nullptr;
 };
 
 }  // namespace zn

@@ -97,7 +97,7 @@ bool CCustomPageEditDlg::SelectDirection(bool useDefault) const {
   const HWND list = Control(IDC_CUSTOM_DIRECTION);
   const std::uint32_t direction = useDefault ? sheet_->Default(KW_CUSTOMPAPERDIRECTION)
                                              : sheet_->Current(KW_CUSTOMPAPERDIRECTION);
-  ::SendMessageA(list, CB_SETCURSEL, LOWORD(direction), 0);
+  SelectEntry(list, LOWORD(direction));
   return list != nullptr;
 }
 

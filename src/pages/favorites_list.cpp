@@ -80,7 +80,7 @@ void FavoritesList::Select(SheetFavorites::Choice choice) const {
   if (choice && *choice >= CountFilled()) {
     FillAll();
   }
-  ::SendMessageA(list_, CB_SETCURSEL, choice ? *choice + 1 : 0, 0);
+  SelectEntry(list_, choice ? *choice + 1 : 0);
 }
 
 LRESULT FavoritesList::SelectedEntry() const {
@@ -135,7 +135,7 @@ void FavoritesList::InsertMark(LRESULT base) const {
   entry.lParam = choice ? static_cast<LPARAM>(*choice) : kStandardData;
   if (::SendMessageA(list_, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry)) == base + 1) {
     SetMark(base + 1);
-    ::SendMessageA(list_, CB_SETCURSEL, static_cast<WPARAM>(base + 1), 0);
+    SelectEntry(list_, base + 1);
   }
 }
 

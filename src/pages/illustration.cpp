@@ -56,7 +56,7 @@ void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kin
   // A screen reader hears of every text that is set.
   if (sentence != ControlText(illustration, kMaxSentence)) {
     ::SetWindowTextA(illustration, sentence.c_str());
-    SetTip(page, illustration, sentence);
+    PageTips(page).Set(illustration, sentence);
   }
   ::InvalidateRect(illustration, nullptr, FALSE);
 }

@@ -283,7 +283,7 @@ void CMediaTypeBypassTrayDlgMarzipan::InitManualFeedDuplex(PageSources& sources,
   FillList(list, false, names, {});
   const std::uint32_t selection =
       useDefault ? sheet_->Default(KW_MANUALFEEDDUPLEX) : sheet_->Current(KW_MANUALFEEDDUPLEX);
-  ::SendMessageA(list, CB_SETCURSEL, LOWORD(selection), 0);
+  SelectEntry(list, LOWORD(selection));
 }
 
 void CMediaTypeBypassTrayDlgMarzipan::CheckTakeOver(bool isChecked) const {

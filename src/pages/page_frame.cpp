@@ -114,9 +114,9 @@ bool PageFrame::InitComboBox(const ControlRow& row, PageSources& sources, std::u
     return false;
   }
   if (row.pairing == nullptr) {
-    ::SendMessageA(list, CB_SETCURSEL, LOWORD(selection - row.coding.first), 0);
+    SelectEntry(list, LOWORD(selection - row.coding.first));
   } else if (shown) {
-    ::SendMessageA(list, CB_SETCURSEL, *shown, 0);  // stays where the pair is not shown
+    SelectEntry(list, *shown);  // stays where the pair is not shown
   }
   return true;
 }
@@ -281,7 +281,7 @@ void PageFrame::Select(const ControlRow& row, std::uint32_t selection) {
       } else if (row.coding.itemData) {
         SelectItemData(ControlOf(row), LOWORD(selection));
       } else {
-        ::SendMessageA(ControlOf(row), CB_SETCURSEL, entry, 0);
+        SelectEntry(ControlOf(row), entry);
       }
   }
 }
@@ -293,7 +293,7 @@ PairCoding::Pair PageFrame::PairOf(const ControlRow& row) const {
 
 void PageFrame::SelectPair(const ControlRow& row) {
   if (const auto entry = row.pairing->EntryOf(PairOf(row))) {
-    ::SendMessageA(ControlOf(row), CB_SETCURSEL, *entry, 0);
+    SelectEntry(ControlOf(row), *entry);
   }
 }
 
@@ -454,13 +454,14 @@ void PageFrame::RedrawIllustration() {
 }
 
 void PageFrame::ShowTips() {
+  PageTips tips(page_);
   for (const ControlRow& row : table_.controls) {
     if (row.tip == 0 && row.installed == Installed::Always) {
       continue;
     }
     std::string text = row.tip != 0 ? LoadResourceString(row.tip) : std::string();
     for (const int radio : row.radios) {
-      SetTip(page_, Item(radio), text);
+      tips.Set(Item(radio), text);
     }
     if (!row.radios.empty()) {
       continue;
@@ -470,7 +471,7 @@ void PageFrame::ShowTips() {
     if (entry && ShowsWarning(control, static_cast<int>(*entry))) {
       text.insert(0, text.empty() ? "" : "\n").insert(0, LoadResourceString(IDS_MISSING_UNIT));
     }
-    SetTip(page_, control, text);
+    tips.Set(control, text);
   }
 }
 

@@ -11,12 +11,12 @@
 namespace zn {
 namespace {
 
-// Keeps a list from painting while its entries change. A hidden one does not paint, and setting
-// WM_SETREDRAW would show it.
+// Keeps a list from painting while its entries change. A hidden one, or one of a page that is not
+// shown yet, does not paint, and setting WM_SETREDRAW would show it.
 class PaintPause {
  public:
   explicit PaintPause(HWND list) noexcept
-      : list_((::GetWindowLongPtrA(list, GWL_STYLE) & WS_VISIBLE) != 0 ? list : nullptr) {
+      : list_(::IsWindowVisible(list) != FALSE ? list : nullptr) {
     if (list_ != nullptr) {
       ::SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
     }
@@ -127,12 +127,19 @@ std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept {
                : std::nullopt;
 }
 
+void SelectEntry(HWND list, std::size_t entry) noexcept {
+  // Selecting the selected entry would paint the list again.
+  if (static_cast<std::size_t>(::SendMessageA(list, CB_GETCURSEL, 0, 0)) != entry) {
+    ::SendMessageA(list, CB_SETCURSEL, entry, 0);
+  }
+}
+
 void SelectItemData(HWND list, std::uint32_t data) noexcept {
   const LRESULT count = ::SendMessageA(list, CB_GETCOUNT, 0, 0);
   for (LRESULT entry = 0; entry < count; ++entry) {
     if (::SendMessageA(list, CB_GETITEMDATA, static_cast<WPARAM>(entry), 0) ==
         static_cast<LRESULT>(data)) {
-      ::SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+      SelectEntry(list, static_cast<std::size_t>(entry));
       return;
     }
   }

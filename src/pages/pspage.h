@@ -39,6 +39,8 @@ void AddToList(HWND list, bool isExtended, std::span<std::string> names,
 [[nodiscard]] std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept;
 // The item data of the selected entry; nothing as above.
 [[nodiscard]] std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept;
+// Selects an entry; none when there is no such entry.
+void SelectEntry(HWND list, std::size_t entry) noexcept;
 // Selects the first entry with this item data; none: the selection stays.
 void SelectItemData(HWND list, std::uint32_t data) noexcept;
 

@@ -26,19 +26,19 @@ HWND MakeTips(HWND page) noexcept {
 
 }  // namespace
 
-void SetTip(HWND page, HWND control, const std::string& text) {
-  HWND tips = static_cast<HWND>(::GetPropA(page, kTipsProperty));
+void PageTips::Set(HWND control, const std::string& text) {
+  HWND tips = static_cast<HWND>(::GetPropA(page_, kTipsProperty));
   if (control == nullptr || (tips == nullptr && text.empty())) {
     return;
   }
   if (tips == nullptr) {
-    tips = MakeTips(page);
+    tips = MakeTips(page_);
   }
   std::array<char, 1024> shown{};
   TOOLINFOA tool{};
   tool.cbSize = TTTOOLINFOA_V1_SIZE;  // what every version of the common controls takes
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = page;
+  tool.hwnd = page_;
   tool.uId = reinterpret_cast<UINT_PTR>(InnerControl(control));
   tool.lpszText = shown.data();
   ::SendMessageA(tips, TTM_GETTEXTA, shown.size(), reinterpret_cast<LPARAM>(&tool));
@@ -53,7 +53,7 @@ void SetTip(HWND page, HWND control, const std::string& text) {
   }
   // The illustration says the same as its text.
   if (::GetDlgCtrlID(control) != IDC_ILLUSTRATION) {
-    AccessibleTexts().SetDescription(control, text);
+    accessible_.SetDescription(control, text);
   }
 }
 
