@@ -157,7 +157,7 @@ std::optional<std::vector<int>> PageFrame::ImagesOf(const ControlRow& row, PageS
     list = hasOwnImages || isMarked ? marks : nullptr;
   }
   if (row.images.strip != 0 || row.installed != Installed::Always) {
-    ::SendMessageA(ControlOf(row), CBEM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(list));
+    SetListImages(ControlOf(row), list);
   }
   if (list == nullptr) {
     images.clear();

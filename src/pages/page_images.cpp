@@ -158,10 +158,11 @@ bool ShowsWarning(HWND list, int entry) noexcept {
          item.iImage == ::ImageList_GetImageCount(images) - 1;
 }
 
-void AttachImages(HWND page, std::span<const ListImages> lists) {
-  for (const auto& [listId, bitmapId] : lists) {
-    ::SendDlgItemMessageA(page, listId, CBEM_SETIMAGELIST, 0,
-                          reinterpret_cast<LPARAM>(SharedImages(bitmapId)));
+void SetListImages(HWND list, HIMAGELIST images) noexcept {
+  const auto shown = reinterpret_cast<LPARAM>(images);
+  // Lists that are given their images again measure and paint themselves again.
+  if (::SendMessageA(list, CBEM_GETIMAGELIST, 0, 0) != shown) {
+    ::SendMessageA(list, CBEM_SETIMAGELIST, 0, shown);
   }
 }
 

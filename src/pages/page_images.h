@@ -32,11 +32,7 @@ int SetWarningIndex(std::span<const std::uint32_t> availableFlags, std::span<int
 // Whether an entry of an extended list carries the last image of its list, the warning.
 [[nodiscard]] bool ShowsWarning(HWND list, int entry) noexcept;
 
-// Gives extended lists their images; a list gets the height that it needs for them.
-struct ListImages {
-  int listId;
-  UINT bitmapId;
-};
-void AttachImages(HWND page, std::span<const ListImages> lists);
+// Gives an extended list its images, or none; it gets the height that it needs for them.
+void SetListImages(HWND list, HIMAGELIST images) noexcept;
 
 }  // namespace zn

@@ -30,7 +30,6 @@ constexpr std::uint32_t kPortrait = 0;
 constexpr std::uint32_t kFewestCopies = 1;
 constexpr std::uint32_t kMostCopies = 9999;
 
-constexpr std::array kListImages{ListImages{IDC_BASIC_FAVORITES, IDB_FAVORITE}};
 constexpr std::array kOrientationRadios{IDC_BASIC_PORTRAIT, IDC_BASIC_LANDSCAPE, IDC_BASIC_ROTATED};
 
 // By option.
@@ -252,7 +251,7 @@ int CStandardPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   CreatePrintOptionList(companion);
   SetLabelText(Control(IDC_BASIC_FAVORITES_LABEL),
                companion.GetKeywordTranslation(companion_label::kFavorites), true);
-  AttachImages(window_, kListImages);
+  SetListImages(Control(IDC_BASIC_FAVORITES), SharedImages(IDB_FAVORITE));
   const FavoritesList list = ListOf(window_, *sheet);
   list.Fill();
   RememberFavorite(list);
