@@ -31,16 +31,19 @@ constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) noexcep
 // Tags differ in length, in their family's letters and at their ends; names that differ in case
 // only have one hash.
 constexpr std::uint32_t NameHash(std::string_view name) noexcept {
-  const std::size_t size = name.size();
-  auto hash = static_cast<std::uint32_t>(size);
+  const auto size = static_cast<std::uint32_t>(name.size());
   if (size == 0) {
-    return hash;
+    return 0;
   }
-  for (const std::size_t i : {size - 1, size - (size > 1 ? 2 : 1), size - (size > 2 ? 3 : 1),
-                              size / 2, size > 4 ? 4 : size - 1, size > 3 ? 3 : size - 1}) {
+  const auto letter = [&](std::uint32_t i) -> std::uint32_t {
     constexpr unsigned kFoldCase = 0xDF;
-    hash = hash * 0x9E3779B1U + (static_cast<unsigned char>(name[i]) & kFoldCase);
-  }
+    return static_cast<unsigned char>(name[i < size ? i : size - 1]) & kFoldCase;
+  };
+  // A sum: its products do not wait for one another.
+  const std::uint32_t hash =
+      size * 0x9E3779B1U + letter(size - 1) * 0x85EBCA6BU + letter(size - 2) * 0xC2B2AE35U +
+      letter(size - 3) * 0x27D4EB2FU + letter(size / 2) * 0x165667B1U + letter(4) * 0xD3A2646DU +
+      letter(3) * 0xFD7046C5U;
   return hash ^ (hash >> 15);
 }
 

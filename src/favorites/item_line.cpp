@@ -82,6 +82,7 @@ ItemLine::ItemLine(std::string_view old) : slots_(kSlots, kNone) {
   old = old.substr(0, old.find('\n'));
   const std::string_view kept = old.substr(0, kMaxItemLine);
   store_.reserve(2 * kItemLineSize);
+  pieces_.reserve(std::size(ddb::kTags));
   ItemReader reader(kept);
   ItemReader::Item item;
   while (reader.ReadPrintOptionOne(item)) {
@@ -119,10 +120,15 @@ std::size_t ItemLine::Slot(std::string_view tag) const noexcept {
   return slot;
 }
 
-void ItemLine::Add(Range tag, Range text, std::size_t tabs) {
+ItemLine::Index ItemLine::Append(Range tag, Range text, std::size_t tabs) {
   const auto index = static_cast<Index>(pieces_.size());
   pieces_.push_back({tag, text, static_cast<std::uint32_t>(tabs), kNone});
   size_ += SizeOf(index);
+  return index;
+}
+
+void ItemLine::Add(Range tag, Range text, std::size_t tabs) {
+  const Index index = Append(tag, text, tabs);
   if (tag.size == 0) {
     return;
   }
@@ -139,7 +145,8 @@ std::size_t ItemLine::SizeOf(Index piece) const noexcept {
 
 bool ItemLine::Place(std::string_view tag, std::string_view value) {
   const std::size_t itemSize = tag.size() + 1 + value.size();
-  const Index first = Find(tag);
+  const std::size_t slot = Slot(tag);
+  const Index first = slots_[slot];
   std::size_t size = first == kNone ? size_ + itemSize + kEndTabs : size_;
   for (Index piece = first; piece != kNone; piece = pieces_[piece].same) {
     size += itemSize - pieces_[piece].text.size;
@@ -151,7 +158,7 @@ bool ItemLine::Place(std::string_view tag, std::string_view value) {
   store_.append(1, '=').append(value);
   const Range item{name.start, static_cast<std::uint32_t>(itemSize)};
   if (first == kNone) {
-    Add(name, item, kEndTabs);
+    slots_[slot] = Append(name, item, kEndTabs);
     return true;
   }
   // A second item of the tag, too: its old value would have the last word at the next load.

@@ -81,6 +81,8 @@ class ItemLine {
   Range Store(std::string_view text);
   [[nodiscard]] std::size_t Slot(std::string_view tag) const noexcept;
   [[nodiscard]] Index Find(std::string_view tag) const noexcept { return slots_[Slot(tag)]; }
+  // Puts a piece behind the others; Add makes it known by its tag, too.
+  Index Append(Range tag, Range text, std::size_t tabs);
   void Add(Range tag, Range text, std::size_t tabs);
   [[nodiscard]] std::size_t SizeOf(Index piece) const noexcept;
 
