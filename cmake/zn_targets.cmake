@@ -46,10 +46,13 @@ function(zn_split_symbols module)
 endfunction()
 
 # zn_test(NAME SOURCES... [LIBS libs...]): one GoogleTest program, run as one ctest entry.
+# Most of the time of ./test is compiling tests: their headers are compiled once for all programs,
+# and they are not optimised.
 function(zn_test name)
   cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE zn_options ${ARG_LIBS} GTest::gmock_main)
+  target_link_libraries(${name} PRIVATE zn_options ${ARG_LIBS} zn_test_headers)
+  target_precompile_headers(${name} REUSE_FROM zn_test_headers)
   add_test(NAME ${name} COMMAND ${name})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 300)
