@@ -29,6 +29,7 @@ constexpr Verb kVerbs[] = {
     {"open", "N [--queue NAME]", &RunOpening},
     {"favorites", "N [--queue NAME]", &RunFavorites},
     {"load", "N [--queue NAME]", &RunLoad},
+    {"faults", "N|all [--seed N] [--from N] [--queue NAME]", &RunFaults},
 };
 
 constexpr int kFailed = 1;

@@ -21,7 +21,8 @@ class PrivateFavorites {
 
   // Has the sheets that open from now on use the set of that name, at first an empty one.
   void Enter(const std::string& set);
-  // The file of a favourite of the set.
+  // The folder of the set, and the file of one of its favourites.
+  [[nodiscard]] const std::string& Folder() const { return folder_; }
   [[nodiscard]] std::string FileOf(const std::string& favorite) const;
 
  private:

@@ -3,16 +3,22 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
-#include <cstring>
+#include <string>
 
 namespace zn::host {
-int ParseRounds(const char* verb, Words words) {
-  int rounds = 0;
-  const char* end = words.empty() ? nullptr : words[0] + std::strlen(words[0]);
-  if (words.empty() || std::from_chars(words[0], end, rounds).ptr != end || rounds < 1) {
-    throw UsageError(std::string(verb) + " needs the number of rounds");
+
+int ParseNumber(std::string_view text, const std::string& complaint) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  if (std::from_chars(text.data(), end, number).ptr != end || number < 1) {
+    throw UsageError(complaint);
   }
-  return rounds;
+  return number;
+}
+
+int ParseRounds(const char* verb, Words words) {
+  return ParseNumber(words.empty() ? "" : words[0],
+                     std::string(verb) + " needs the number of rounds");
 }
 
 double Median(std::vector<double> values) {

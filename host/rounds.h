@@ -10,6 +10,8 @@ namespace zn::host {
 // Rounds that fill the caches of system and plug-in before anything is counted.
 inline constexpr int kWarmUpRounds = 5;
 
+// A number from 1 on. Throws UsageError with `complaint`.
+[[nodiscard]] int ParseNumber(std::string_view text, const std::string& complaint);
 // The number of rounds that a verb is given as its first word. Throws UsageError.
 [[nodiscard]] int ParseRounds(const char* verb, Words words);
 

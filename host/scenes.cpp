@@ -1,11 +1,6 @@
 #include "host/scenes.h"
 
-#include <windows.h>
-
-#include <array>
-#include <cstdint>
 #include <cstdio>
-#include <span>
 
 #include "host/base/host_error.h"
 #include "host/window/dialog_pictures.h"
@@ -17,14 +12,8 @@ namespace zn::host {
 namespace {
 
 constexpr DWORD kSettleTime = 300;  // milliseconds until a page has drawn itself
-constexpr int kLast = -1;
+constexpr int kLast = Step::kLast;
 
-// What a user does with one control: a click, or the choice of a list's entry.
-struct Step {
-  enum Kind : std::uint8_t { kNone, kClick, kChoose } kind = kNone;
-  int control = 0;
-  int entry = 0;  // of kChoose: from 0, or kLast
-};
 constexpr Step Click(int control) {
   return {Step::kClick, control};
 }
@@ -32,13 +21,6 @@ constexpr Step Choose(int control, int entry) {
   return {Step::kChoose, control, entry};
 }
 
-// Steps on a page, counted from 0, one after the other; then a picture of the page, or of the
-// dialogs that they opened. The scenes of a page go on from one another.
-struct Scene {
-  int page;
-  const char* name;
-  std::array<Step, 6> steps;
-};
 constexpr Scene kPreferences[] = {
     {0,
      "layout",
@@ -72,7 +54,7 @@ void Do(HWND page, const Step& step) {
     ::SendMessageA(control, BM_CLICK, 0, 0);
   } else if (step.kind == Step::kChoose) {
     const LRESULT entry =
-        step.entry == kLast ? ::SendMessageA(control, CB_GETCOUNT, 0, 0) - 1 : step.entry;
+        step.entry == Step::kLast ? ::SendMessageA(control, CB_GETCOUNT, 0, 0) - 1 : step.entry;
     ChooseEntry(control, static_cast<int>(entry));
   }
 }
@@ -96,11 +78,7 @@ void PicturePage(PropertySheet& sheet, int page, const std::string& stem) {
 }
 
 void PictureScene(PropertySheet& sheet, const Scene& scene, HWND page, const std::string& stem) {
-  const auto dialogs = PictureDialogs(sheet.Window(), stem, [&] {
-    for (const Step& step : scene.steps) {
-      Do(page, step);
-    }
-  });
+  const auto dialogs = PictureDialogs(sheet.Window(), stem, [&] { Play(scene, page); });
   for (const auto& [file, title] : dialogs) {
     PrintPicture(file, title);
   }
@@ -127,6 +105,19 @@ void Picture(PropertySheet& sheet, const std::string& stem, std::span<const Scen
 }
 
 }  // namespace
+
+std::span<const Scene> PreferencesScenes() {
+  return kPreferences;
+}
+std::span<const Scene> PropertiesScenes() {
+  return kProperties;
+}
+
+void Play(const Scene& scene, HWND page) {
+  for (const Step& step : scene.steps) {
+    Do(page, step);
+  }
+}
 
 void PicturePreferences(PropertySheet& sheet, const std::string& folder) {
   Picture(sheet, folder + "\\prefs", kPreferences);

@@ -14,5 +14,6 @@ int RunSoak(Words words);
 int RunOpening(Words words);
 int RunFavorites(Words words);
 int RunLoad(Words words);
+int RunFaults(Words words);
 
 }  // namespace zn::host

@@ -10,10 +10,9 @@ struct Option {
   std::string_view name;
   std::string SheetWords::*value;  // null: the option is a flag
 };
-constexpr Option kOptions[] = {{"--queue", &SheetWords::queue},
-                               {"--shots", &SheetWords::shots},
-                               {"--devmode", &SheetWords::devMode},
-                               {"--read-only", nullptr}};
+constexpr Option kOptions[] = {{"--queue", &SheetWords::queue},     {"--shots", &SheetWords::shots},
+                               {"--devmode", &SheetWords::devMode}, {"--seed", &SheetWords::seed},
+                               {"--from", &SheetWords::from},       {"--read-only", nullptr}};
 
 }  // namespace
 

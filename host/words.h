@@ -21,11 +21,13 @@ struct SheetWords {
   std::string queue = kSampleQueue;
   std::string shots;    // folder; empty: none
   std::string devMode;  // file; empty: the queue's own
+  std::string seed = "1";
+  std::string from = "1";
   bool readOnly = false;
 };
 
 // Throws UsageError for a word that is none of the `allowed` options ("--queue", "--shots",
-// "--devmode", "--read-only") and for an option without its value.
+// "--devmode", "--seed", "--from", "--read-only") and for an option without its value.
 [[nodiscard]] SheetWords ParseSheetWords(Words words,
                                          std::initializer_list<std::string_view> allowed);
 

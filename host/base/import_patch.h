@@ -4,7 +4,13 @@
 
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 namespace zn::host {
+
+// The functions that a loaded module imports by name.
+[[nodiscard]] std::vector<std::string> ImportedFunctions(HMODULE module);
 
 class ImportPatch {
  public:

@@ -33,8 +33,9 @@ struct TlsBits {
 };
 constexpr TlsBits kTlsBits[] = {{0x80, 2}, {0x240, 32}};
 
+// Free ones are given out from the lowest on: a thousand and more tell of a leak by their number.
 constexpr ULONG_PTR kHandleStep = 4;
-constexpr ULONG_PTR kHandleEnd = 0x8000;
+constexpr ULONG_PTR kHandleEnd = 0x1000;
 
 const std::byte* Peb() {
   PROCESS_BASIC_INFORMATION process{};

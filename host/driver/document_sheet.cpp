@@ -38,7 +38,7 @@ DocumentSheet::DocumentSheet(PlugIn& plugIn, const Queue& queue, const QueueDevM
   sheet_.SetApplied([this] { KeepApplied(); });
   initTime_ = MillisecondsNow();
   if (FAILED(AddPages())) {
-    faults_.emplace_back("DocumentPropertySheets failed");
+    Refused("DocumentPropertySheets");
   }
 }
 
@@ -59,7 +59,7 @@ void DocumentSheet::Prepare() {
   itemParameter_.cDrvOptItems = items_.Count();
   itemParameter_.pOEMOptItems = plugInItems.data();
   if (FAILED(plugIn_->CommonUIProp(OEMCUIP_DOCPROP, &itemParameter_))) {
-    faults_.emplace_back("CommonUIProp failed");
+    Refused("CommonUIProp");
   }
   itemParameter_.pOEMOptItems = nullptr;
   const OPTITEM* end = items_.Data() + items_.Count();
@@ -69,6 +69,11 @@ void DocumentSheet::Prepare() {
   if (visible > 0) {
     faults_.push_back(std::to_string(visible) + " driver items left visible");
   }
+}
+
+void DocumentSheet::Refused(const char* call) {
+  isRefused_ = true;
+  faults_.push_back(std::string(call) + " failed");
 }
 
 void DocumentSheet::KeepApplied() {

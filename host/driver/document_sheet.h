@@ -32,12 +32,15 @@ class DocumentSheet : public DriverSheet {
   // successful Apply or OK, else the one that the sheet started from.
   QueueDevMode Finish();
 
+  // Whether the plug-in refused to prepare the sheet or to add its pages.
+  [[nodiscard]] bool IsRefused() const { return isRefused_; }
   // What a careful driver notices: refused calls, items that changed unannounced, items left
   // visible, a damaged heap or blocks left on it. Complete after Finish.
   [[nodiscard]] const std::vector<std::string>& Faults() const { return faults_; }
 
  private:
   void Prepare();
+  void Refused(const char* call);
   void KeepApplied();
   void FindUnannouncedChanges();
 
@@ -47,6 +50,7 @@ class DocumentSheet : public DriverSheet {
   OptionItems items_;
   double initTime_ = 0;
   bool finished_ = false;
+  bool isRefused_ = false;
   std::vector<std::string> faults_;
 };
 

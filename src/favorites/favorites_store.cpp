@@ -1,7 +1,6 @@
 #include "favorites/favorites_store.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "platform/replace_file.h"
@@ -82,38 +81,35 @@ bool FavoritesStore::Save(std::string_view name, std::string_view comment,
     return false;
   }
   const std::optional<std::size_t> present = Find(name);
-  if (!present || Load(*present, sheet) == nullptr) {
-    loaded_.emplace();
-  }
-  SettingSource& favorite = *loaded_;
+  const SettingSource* const old = present ? Load(*present, sheet) : nullptr;
+  SettingSource favorite = old != nullptr ? *old : SettingSource{};
+  loaded_.reset();  // until the new one is saved
   TakeCurrent(favorite, sheet);
   favorite.folder = folder_;
   favorite.name = name;
   favorite.comment = comment;
   if (!SaveFile(favorite, PathOf(name))) {
-    loaded_.reset();
     return false;
   }
   if (!present) {
     names_.insert(std::ranges::lower_bound(names_, favorite.name), favorite.name);
   }
+  loaded_ = std::move(favorite);
   return true;
 }
 
 // A full disk or a crash half way must not cost the old favourite: it is replaced by a whole new
 // one.
 bool FavoritesStore::SaveFile(const SettingSource& favorite, const std::string& path) {
-  const std::string beside = path + ".tmp";
-  if (!CanCreateFile(beside.c_str())) {
-    return files_.SaveFavoriteFromPath(favorite, path.c_str());
+  bool canBeSaved = true;
+  if (DraftFile draft(path + ".tmp"); draft.IsCreated()) {
+    canBeSaved = files_.SaveFavoriteFromPath(favorite, draft.Path(), path.c_str());
+    if (canBeSaved && draft.Replace(path.c_str())) {
+      return true;
+    }
   }
-  const bool isSaved = files_.SaveFavoriteFromPath(favorite, beside.c_str(), path.c_str());
-  if (isSaved && ReplaceInOneStep(beside.c_str(), path.c_str())) {
-    return true;
-  }
-  std::remove(beside.c_str());
   // Another program may have the old one open, or this user may write to it, but not replace it.
-  return isSaved && files_.SaveFavoriteFromPath(favorite, path.c_str());
+  return canBeSaved && files_.SaveFavoriteFromPath(favorite, path.c_str());
 }
 
 void FavoritesStore::Remove(std::size_t index) {

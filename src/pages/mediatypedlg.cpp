@@ -48,7 +48,8 @@ INT_PTR CMediaTypeDlg::DoModal() {
 
 int CMediaTypeDlg::OnInitDialog() {
   PageSources sources(*sheet_);
-  return FillLists(sources);
+  isFilled_ = FillLists(sources);
+  return isFilled_;
 }
 
 int CMediaTypeDlg::OnCommand(WORD notifyCode, WORD controlId, HWND /*control*/) {
@@ -67,7 +68,7 @@ int CMediaTypeDlg::RestoreDefaults() {
 }
 
 int CMediaTypeDlg::ApplyValues() {
-  if (!HasControls()) {
+  if (!isFilled_ || !HasControls()) {
     return 0;
   }
   const std::array old{OldSelection{keywords_.type, sheet_->Current(keywords_.type)},
@@ -240,7 +241,7 @@ int CMediaTypeBypassTrayDlgMarzipan::OnInitDialog() {
   InitManualFeedDuplex(sources, false);
   SetLabelText(Control(IDC_MEDIA_TAKE_OVER),
                sources.Companion().GetKeywordTranslation(KW_AUTOTRAYSETTINGTOBYPASS), false);
-  CheckTakeOver(LOWORD(sheet_->Current(KW_AUTOTRAYSETTINGTOBYPASS)) != 0);
+  isFilled_ = CheckTakeOver(LOWORD(sheet_->Current(KW_AUTOTRAYSETTINGTOBYPASS)) != 0);
   return 1;
 }
 
@@ -286,9 +287,11 @@ void CMediaTypeBypassTrayDlgMarzipan::InitManualFeedDuplex(PageSources& sources,
   SelectEntry(list, LOWORD(selection));
 }
 
-void CMediaTypeBypassTrayDlgMarzipan::CheckTakeOver(bool isChecked) const {
-  ::CheckDlgButton(window_, IDC_MEDIA_TAKE_OVER, isChecked ? BST_CHECKED : BST_UNCHECKED);
+bool CMediaTypeBypassTrayDlgMarzipan::CheckTakeOver(bool isChecked) const {
+  const UINT state = isChecked ? BST_CHECKED : BST_UNCHECKED;
+  const bool isDone = ::CheckDlgButton(window_, IDC_MEDIA_TAKE_OVER, state) != FALSE;
   EnableLists();
+  return isDone;
 }
 
 }  // namespace zn

@@ -54,6 +54,7 @@ class CMediaTypeDlg {
   HWND window_ = nullptr;  // while the dialog is shown
   SheetContext* sheet_;
   PlugInContext* context_;
+  bool isFilled_ = false;  // else OK would take what no control shows
 
  private:
   template <class Dialog>
@@ -85,7 +86,8 @@ class CMediaTypeBypassTrayDlgMarzipan final : public CMediaTypeDlg {
 
  private:
   void InitManualFeedDuplex(PageSources& sources, bool useDefault) const;
-  void CheckTakeOver(bool isChecked) const;
+  // False when the box does not show it.
+  bool CheckTakeOver(bool isChecked) const;
 };
 
 }  // namespace zn

@@ -22,6 +22,10 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
       // Once: any process can send a second one, with whatever pointer.
       dialog = reinterpret_cast<Dialog*>(lParam);
       ::SetWindowLongPtrA(window, DWLP_USER, lParam);
+      if (::GetWindowLongPtrA(window, DWLP_USER) != lParam) {
+        ::EndDialog(window, IDCANCEL);  // its buttons would do nothing
+        return 0;
+      }
       dialog->window_ = window;
       const INT_PTR result = dialog->OnInitDialog();
       AccessibleTexts().NameExtendedLists(window);

@@ -230,11 +230,12 @@ void PageFrame::Show() {
 // The names stay as they are: asking the companion for them would load it.
 void PageFrame::ShowImages(const ControlRow& row, PageSources& sources) {
   const HWND list = ControlOf(row);
-  const auto count = static_cast<std::size_t>(::SendMessageA(list, CB_GETCOUNT, 0, 0));
-  if (count == 0) {
+  const LRESULT entries = ::SendMessageA(list, CB_GETCOUNT, 0, 0);
+  if (entries <= 0) {
     Fill(row, sources, false);
     return;
   }
+  const auto count = static_cast<std::size_t>(entries);
   const auto images = ImagesOf(row, sources, count);
   for (std::size_t entry = 0; images && entry < count; ++entry) {
     COMBOBOXEXITEMA item{};
@@ -423,7 +424,8 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
       if (isInvalid != FALSE && event != nullptr && event->code == EN_KILLFOCUS) {
         ::SendMessageA(arrows, UDM_SETPOS32, 0, position);
       }
-      return static_cast<std::uint32_t>(position);
+      const auto selection = static_cast<std::uint32_t>(position);
+      return row.coding.Shows(selection) ? std::optional(selection) : std::nullopt;
     }
     default: {
       const HWND list = ControlOf(row);

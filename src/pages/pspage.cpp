@@ -122,9 +122,8 @@ std::optional<std::uint32_t> SelectedIndex(HWND list) noexcept {
 
 std::optional<std::uint32_t> SelectedItemData(HWND list) noexcept {
   const auto entry = SelectedIndex(list);
-  return entry ? std::optional(
-                     static_cast<std::uint32_t>(::SendMessageA(list, CB_GETITEMDATA, *entry, 0)))
-               : std::nullopt;
+  const LRESULT data = entry ? ::SendMessageA(list, CB_GETITEMDATA, *entry, 0) : CB_ERR;
+  return data != CB_ERR ? std::optional(static_cast<std::uint32_t>(data)) : std::nullopt;
 }
 
 void SelectEntry(HWND list, std::size_t entry) noexcept {
@@ -176,6 +175,9 @@ int CheckedRadio(HWND page, std::span<const int> radioIds) noexcept {
 }
 
 std::string ControlText(HWND control, int maxBytes) {
+  if (control == nullptr) {
+    return {};  // asked for no window's text, some systems answer whatever there is
+  }
   std::string text(static_cast<std::size_t>(maxBytes) + 1, '\0');
   text.resize(static_cast<std::size_t>(::GetWindowTextA(control, text.data(), maxBytes + 1)));
   return text;

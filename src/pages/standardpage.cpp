@@ -186,7 +186,7 @@ constexpr std::array kButtons{
     ButtonRow{.id = IDC_LIST_FAVORITES, .press = &OnSummaryPreset},
 };
 
-FavoritesList ListOf(HWND page, SheetContext& sheet) noexcept {
+FavoritesList ListOf(HWND page, SheetContext& sheet) {
   return {::GetDlgItem(page, IDC_BASIC_FAVORITES), SheetFavorites::Of(sheet)};
 }
 

@@ -32,6 +32,7 @@ TEST_F(HostProgram, RefusalsGetOneLine) {
   } rows[] = {{"", 2},
               {"dance", 2},
               {"soak 0", 2},
+              {"faults some", 2},
               {"soak 2 --shots x", 2},
               {"prefs --devmod x", 2},
               {"event delete", 2},
