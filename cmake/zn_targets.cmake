@@ -58,6 +58,10 @@ function(zn_test name)
     set(ARG_TIMEOUT 300)
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+  if(WIN32)
+    # They share one desktop, registry and spooler.
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK wine)
+  endif()
 endfunction()
 
 # The JSON library is headers only, and a cross build must not see the others beside them.

@@ -2,9 +2,7 @@
 
 #include <winspool.h>
 
-#include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "ddb/password.h"
 #include "platform/handles.h"

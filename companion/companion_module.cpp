@@ -9,10 +9,6 @@ namespace {
 HINSTANCE g_instance = nullptr;
 }
 
-HINSTANCE Instance() noexcept {
-  return g_instance;
-}
-
 std::string LoadText(UINT id) {
   std::array<char, 256> text{};
   const int length = ::LoadStringA(g_instance, id, text.data(), static_cast<int>(text.size()));

@@ -7,7 +7,6 @@
 
 namespace zn::companion {
 
-[[nodiscard]] HINSTANCE Instance() noexcept;
 [[nodiscard]] std::string LoadText(UINT id);
 
 // Runs a modal dialog of this module; `procedure` finds `parameter` in WM_INITDIALOG's lParam.

@@ -12,7 +12,6 @@
 #include "companion/companion_module.h"
 #include "companion/dialogs.h"
 #include "companion/setting_text.h"
-#include "companion/texts.h"
 #include "companion/unattended.h"
 
 namespace zn::companion {

@@ -4,8 +4,6 @@
 // This must come behind windows.h.
 #include <commctrl.h>
 
-#include <array>
-#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>

@@ -1,6 +1,5 @@
 #include "host/private_favorites.h"
 
-#include <algorithm>
 #include <cstring>
 #include <filesystem>
 

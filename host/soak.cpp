@@ -99,20 +99,13 @@ int RunSoak(Words words) {
   }
   const ResourceUsage after = CountResources();
 
-  // Caches may add a heap block now and then; one in every round is a leak.
-  const struct {
-    const char* what;
-    int before, after, slack;
-  } rows[] = {{"GDI objects", before.gdiObjects, after.gdiObjects, 0},
-              {"windows", before.windows, after.windows, 0},
-              {"handles", before.handles, after.handles, 0},
-              {"TLS slots", before.tlsSlots, after.tlsSlots, 0},
-              {"heap blocks", before.heapBlocks, after.heapBlocks, rounds - 1}};
   std::printf("rounds: %d\n", rounds);
   bool grown = false;
-  for (const auto& row : rows) {
-    std::printf("%s: %d -> %d\n", row.what, row.before, row.after);
-    grown |= row.after > row.before + row.slack;
+  for (const auto& [name, count] : kResources) {
+    std::printf("%s: %d -> %d\n", name, before.*count, after.*count);
+    // Caches may add a heap block now and then; one in every round is a leak.
+    const int slack = count == &ResourceUsage::heapBlocks ? rounds - 1 : 0;
+    grown |= after.*count > before.*count + slack;
   }
   std::printf("companion loads of a round: %ld at most\n", mostLoads);
   return grown ? 1 : 0;

@@ -3,7 +3,6 @@
 // line per row, in the order of the table; tabs part the cells, "-" is nothing. tests/frozen/ holds
 // the same rows, so this form is as stable as they are.
 #include <algorithm>
-#include <span>
 #include <string>
 
 #include "ddb/extended_option.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <optional>
 #include <vector>
 
 #include "ddb/extended_option.h"

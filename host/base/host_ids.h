@@ -2,7 +2,6 @@
 #pragma once
 
 #define IDD_TREE_PAGE 100
-#define IDD_EMPTY_PAGE 101
 #define IDC_TREE 1001
 #define IDC_TREE_LIST 1002
 #define IDC_TREE_NUMBER 1003

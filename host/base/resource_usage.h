@@ -12,6 +12,15 @@ struct ResourceUsage {
   int tlsSlots = 0;    // indexes that TlsAlloc gave out
 };
 
+inline constexpr struct {
+  const char* name;
+  int ResourceUsage::*count;
+} kResources[] = {{"GDI objects", &ResourceUsage::gdiObjects},
+                  {"windows", &ResourceUsage::windows},
+                  {"handles", &ResourceUsage::handles},
+                  {"TLS slots", &ResourceUsage::tlsSlots},
+                  {"heap blocks", &ResourceUsage::heapBlocks}};
+
 [[nodiscard]] ResourceUsage CountResources();
 
 }  // namespace zn::host

@@ -57,7 +57,7 @@ HRESULT DriverHelper::DrvUpdateUISetting(PVOID /*pci*/, PVOID pOptItem, DWORD dw
   updates_.push_back({keyword,
                       items_->SelectionName(*item, static_cast<std::int32_t>(dwPreviousSelection)),
                       items_->SelectionName(*item, item->Sel), dwMode});
-  return updateResult_;
+  return S_OK;
 }
 
 }  // namespace zn::host

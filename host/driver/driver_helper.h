@@ -23,7 +23,6 @@ class DriverHelper final : public IPrintOemDriverUI {
  public:
   // The items of the open sheet; null: none is open.
   void SetItems(OptionItems* items) { items_ = items; }
-  void SetUpdateResult(HRESULT result) { updateResult_ = result; }
 
   [[nodiscard]] const std::vector<SettingUpdate>& Updates() const { return updates_; }
   void ClearUpdates() { updates_.clear(); }
@@ -43,7 +42,6 @@ class DriverHelper final : public IPrintOemDriverUI {
 
  private:
   OptionItems* items_ = nullptr;
-  HRESULT updateResult_ = S_OK;
   std::vector<SettingUpdate> updates_;
   LONG references_ = 0;
 };

@@ -4,8 +4,6 @@
 
 #include "platform/driver_interfaces.h"
 
-#include <string>
-
 #include "host/driver/plug_in.h"
 #include "host/driver/queue.h"
 #include "host/window/property_sheet.h"

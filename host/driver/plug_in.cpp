@@ -57,8 +57,11 @@ PlugIn::PlugIn(const std::string& path) : module_(::LoadLibraryA(path.c_str())) 
         "QueryInterface");
   object_.reset(object);
 
-  signature_ = AskInfo(OEMGI_GETSIGNATURE);
-  version_ = AskInfo(OEMGI_GETVERSION);
+  for (const DWORD mode : {OEMGI_GETSIGNATURE, OEMGI_GETVERSION}) {
+    DWORD value = 0;
+    DWORD need = 0;
+    Check(object_->GetInfo(mode, &value, sizeof value, &need), "GetInfo");
+  }
   NewerHelper newer;
   if (FAILED(object_->PublishDriverInterface(&newer))) {
     Check(object_->PublishDriverInterface(&helper_), "PublishDriverInterface");
@@ -75,13 +78,6 @@ PlugIn::~PlugIn() {
           reinterpret_cast<CanUnloadNow>(::GetProcAddress(module_.get(), "DllCanUnloadNow"))) {
     ask();
   }
-}
-
-DWORD PlugIn::AskInfo(DWORD mode) const {
-  DWORD value = 0;
-  DWORD need = 0;
-  Check(object_->GetInfo(mode, &value, sizeof value, &need), "GetInfo");
-  return value;
 }
 
 HRESULT PlugIn::CallDevMode(DWORD mode, OEMDMPARAM& parameter) const {

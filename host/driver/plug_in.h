@@ -29,21 +29,16 @@ class PlugIn {
   [[nodiscard]] IPrintOemUI* operator->() const { return object_.get(); }
   [[nodiscard]] HMODULE Module() const { return module_.get(); }
   [[nodiscard]] DriverHelper& Helper() { return helper_; }
-  [[nodiscard]] DWORD Signature() const { return signature_; }
-  [[nodiscard]] DWORD Version() const { return version_; }
 
   // Defaults the plug-in's block of `devmode` and, when there is a stored one, merges that in.
   void FillBlock(HANDLE printer, QueueDevMode& devmode, const QueueDevMode* stored) const;
 
  private:
-  [[nodiscard]] DWORD AskInfo(DWORD mode) const;
   [[nodiscard]] HRESULT CallDevMode(DWORD mode, OEMDMPARAM& parameter) const;
 
   DriverHelper helper_;  // outlives the object, which releases it
   UniqueModule module_;
   std::unique_ptr<IPrintOemUI, Releaser> object_;
-  DWORD signature_ = 0;
-  DWORD version_ = 0;
 };
 
 }  // namespace zn::host

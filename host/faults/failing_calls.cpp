@@ -28,16 +28,11 @@ std::int64_t FailClose(const CallArguments& arguments) {
 }
 
 // Lists answer CB_ERR, other windows 0.
-std::int64_t FailMessage(std::uint64_t message) {
+std::int64_t FailSend(const CallArguments& arguments) {
+  const std::uint64_t message = arguments.values[1];
   const bool isOfList = (message >= CB_GETEDITSEL && message < CB_MSGMAX) ||
                         message == CBEM_INSERTITEMA || message == CBEM_DELETEITEM;
   return isOfList ? CB_ERR : 0;
-}
-std::int64_t FailSend(const CallArguments& arguments) {
-  return FailMessage(arguments.values[1]);
-}
-std::int64_t FailSendToItem(const CallArguments& arguments) {
-  return FailMessage(arguments.values[2]);
 }
 
 constexpr FailingCall kFailingCalls[] = {
@@ -53,12 +48,10 @@ constexpr FailingCall kFailingCalls[] = {
     {"CoCreateInstance", static_cast<HRESULT>(0x8007000E)},  // E_OUTOFMEMORY
     {"_splitpath_s", ERANGE},
     // answers -1 or an invalid handle
-    {"CreateFileA", kMissing, ERROR_ACCESS_DENIED},
     {"DeviceCapabilitiesA", kMissing},
     {"DialogBoxParamA", kMissing},
     {"DocumentPropertiesA", kMissing},
     {"FindFirstFileA", kMissing, ERROR_ACCESS_DENIED},
-    {"GetFileAttributesA", kMissing, ERROR_ACCESS_DENIED},
     {"ImageList_AddMasked", kMissing},
     {"ImageList_ReplaceIcon", kMissing},
     {"SetDCBrushColor", kMissing},
@@ -69,7 +62,6 @@ constexpr FailingCall kFailingCalls[] = {
     {"wcstombs", kMissing},
     // fails in its own way
     {"SendMessageA", 0, ERROR_INVALID_WINDOW_HANDLE, &FailSend},
-    {"SendDlgItemMessageA", 0, ERROR_INVALID_WINDOW_HANDLE, &FailSendToItem},
     {"fclose", kMissing, ERROR_DISK_FULL, &FailClose},
     {"fread", 0, ERROR_READ_FAULT, &FailStream},
     {"fwrite", 0, ERROR_DISK_FULL, &FailStream},
@@ -124,6 +116,7 @@ constexpr FailingCall kFailingCalls[] = {
     {"ImageList_GetImageCount"},
     {"IntersectClipRect"},
     {"InvalidateRect"},
+    {"IsWindowVisible"},
     {"LoadImageA"},
     {"LoadLibraryA", 0, ERROR_MOD_NOT_FOUND},
     {"LoadResource"},

@@ -17,7 +17,8 @@ struct TourEnd {
   std::vector<std::string> complaints;  // what no failure of the system excuses
 };
 
-// What a tour goes through: the properties, or the preferences and one of their pages, or all.
+// What a tour goes through: the properties, or the preferences and one of their pages, or all. In
+// the order of planning, cheapest first: a call site is tried in the first part that reaches it.
 enum class TourPart { Properties, Watermark, Tree, Job, Basic, Tray, All };
 
 // Opens the sheet and its dialogs, saves and chooses the favourite kTourFavorite, changes, applies

@@ -161,19 +161,10 @@ class FaultRun {
   // What has grown since the last call.
   std::string Growth() {
     const ResourceUsage before = std::exchange(usage_, CountResources());
-    const struct {
-      const char* what;
-      int before, after;
-    } rows[] = {{"GDI objects", before.gdiObjects, usage_.gdiObjects},
-                {"windows", before.windows, usage_.windows},
-                {"handles", before.handles, usage_.handles},
-                {"TLS slots", before.tlsSlots, usage_.tlsSlots},
-                {"heap blocks", before.heapBlocks, usage_.heapBlocks}};
     std::string text;
-    for (const auto& row : rows) {
-      if (row.after > row.before) {
-        text.append(text.empty() ? "" : ", ").append(std::to_string(row.after - row.before));
-        text.append(" ").append(row.what);
+    for (const auto& [name, count] : kResources) {
+      if (const int more = usage_.*count - before.*count; more > 0) {
+        text.append(text.empty() ? "" : ", ").append(std::to_string(more)).append(" ").append(name);
       }
     }
     return text;

@@ -4,8 +4,6 @@
 // This must come behind objidl.h.
 #include <gdiplus.h>
 
-#include <memory>
-
 #include "host/base/files.h"
 #include "host/base/host_error.h"
 #include "platform/handles.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <span>
 
 #include "host/base/host_ids.h"

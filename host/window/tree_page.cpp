@@ -2,9 +2,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
-#include <array>
-
 #include "host/base/host_ids.h"
 #include "host/window/standard_strings.h"
 

@@ -32,14 +32,14 @@ bool IsWritable(const void* memory, std::size_t size) noexcept {
       PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
   const auto* at = static_cast<const std::byte*>(memory);
   const std::byte* const end = at + size;
-  while (at < end) {
+  do {  // also where the end wraps: no memory is there
     MEMORY_BASIC_INFORMATION region{};
     if (::VirtualQuery(at, &region, sizeof region) == 0 || region.State != MEM_COMMIT ||
         (region.Protect & kWritable) == 0 || (region.Protect & PAGE_GUARD) != 0) {
       return false;
     }
     at = static_cast<const std::byte*>(region.BaseAddress) + region.RegionSize;
-  }
+  } while (at < end);
   return true;
 }
 

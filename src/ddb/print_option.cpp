@@ -2,7 +2,6 @@
 
 #include <cstring>
 #include <limits>
-#include <string_view>
 
 #include "ddb/password.h"
 #include "ddb/tag_table.h"

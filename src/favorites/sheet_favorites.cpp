@@ -13,11 +13,6 @@
 namespace zn {
 namespace {
 
-std::string_view FormName(std::uint32_t index) {
-  const char* name = nullptr;
-  return index < GetFormsCount() && GetFormsInfo(index, &name) != 0 ? name : "";
-}
-
 // Their items are always told the first choice, or hold fewer choices than the session.
 bool HasChoicesBeyondItem(KeywordId id) {
   return std::ranges::count(kDeviceLists, id, &DeviceList::id) != 0 ||

@@ -131,7 +131,6 @@ void OnDestroy(PROPSHEETUI_INFO& info) noexcept {
   // the data of the first.
   if (g_ownerThread == ::GetCurrentThreadId() && context.sheet != nullptr &&
       context.sheet->hComPropSheet == info.hComPropSheet) {
-    ReleasePageResources(*context.sheet);
     const UniqueSheet ended(std::exchange(context.sheet, nullptr));
     g_ownerThread = 0;
   }

@@ -4,8 +4,6 @@
 
 #include "platform/driver_interfaces.h"
 
-#include <cstdint>
-
 #include "session/sheet_context.h"
 
 namespace zn {

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 #include "bridge/companion.h"
-#include "pages/modal_dialog.h"
 #include "pages/pspage.h"
 
 namespace zn {

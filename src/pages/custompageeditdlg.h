@@ -7,12 +7,13 @@
 #include <cstdint>
 
 #include "pages/custom_size.h"
+#include "pages/modal_dialog.h"
 #include "res/resource_ids.h"
 #include "session/sheet_context.h"
 
 namespace zn {
 
-class CCustomPageEditDlg {
+class CCustomPageEditDlg : public ModalDialog {
  public:
   explicit CCustomPageEditDlg(SheetContext* sheet) noexcept : sheet_(sheet) {}
 
@@ -24,10 +25,6 @@ class CCustomPageEditDlg {
   virtual int OnCommand(WORD notifyCode, WORD controlId, HWND control);
 
  private:
-  template <class Dialog>
-  friend INT_PTR CALLBACK ModalDialogProc(HWND, UINT, WPARAM, LPARAM);
-
-  [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
   bool InitPaperDirection();
   bool SelectDirection(bool useDefault) const;
   [[nodiscard]] bool IsTurned() const noexcept;
@@ -41,7 +38,6 @@ class CCustomPageEditDlg {
   // False when the dialog has to stay open.
   bool ApplyValues();
 
-  HWND window_ = nullptr;
   SheetContext* sheet_;
   std::uint32_t templateId_ = IDD_CUSTOM_PAGE_SIZE;
   CustomSize size_;

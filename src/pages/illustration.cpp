@@ -1,6 +1,5 @@
 #include "pages/illustration.h"
 
-#include <algorithm>
 #include <string>
 
 #include "pages/job_painter.h"
@@ -17,10 +16,10 @@
 namespace zn {
 namespace {
 
-// The custom size is the last form; its lengths are thousandths of a millimetre.
+// The lengths of the custom size are thousandths of a millimetre.
 PaperSize DocumentPaper(const SheetContext& sheet) noexcept {
   const std::uint32_t form = LOWORD(sheet.Current(KW_PAGESIZE));
-  if (const std::uint32_t count = GetFormsCount(); count > 0 && form == count - 1) {
+  if (IsCustomForm(form)) {
     constexpr std::uint32_t kPerTenth = 100;
     return {sheet.Current(KW_CUSTOMPAPERWIDTH) / kPerTenth,
             sheet.Current(KW_CUSTOMPAPERHEIGHT) / kPerTenth};

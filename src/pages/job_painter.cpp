@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 #include "platform/resources.h"
 #include "res/resource_ids.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 #include "keywords/keyword_table.h"
 
@@ -197,7 +196,6 @@ constexpr std::array<StapleOption, 22> kStapleOptions{{
 constexpr std::array kPunchPlaces{Place::None, Place::Left, Place::Right, Place::Top,
                                   Place::Bottom};
 constexpr std::uint32_t kLongEdgeOption = 5;
-constexpr std::uint32_t kLongEdgeStored = 13;
 constexpr std::array kHoleCounts{2, 3, 4};
 
 // Marks inside an edge or along the middle of a sheet.
@@ -322,13 +320,16 @@ JobPicture DescribeJob(const OptionTable& options, PaperSize document, bool hasP
   return picture;
 }
 
-std::uint32_t PunchEntry(std::uint32_t punch, std::uint32_t holes) noexcept {
-  // Per number of holes the first of five entries; the list shows 4 holes before 3.
-  constexpr std::array<std::uint32_t, kHoleCounts.size()> kFirstEntries{1, 11, 6};
-  const std::uint32_t place = punch == kLongEdgeStored ? kLongEdgeOption : punch;
-  return place == 0 || place > kLongEdgeOption || holes >= kFirstEntries.size()
-             ? 0
-             : kFirstEntries[holes] + place - 1;
+std::optional<std::uint32_t> PunchEntry(SelectionPair punch) noexcept {
+  if (punch.first == kLongEdgeOption) {
+    punch.first = kLongEdgeStored;
+  } else if (punch.first == 0 && punch.second < kHoleCounts.size()) {
+    punch.second = 0;  // no holes are no holes, however many
+  }
+  const auto* const entry = std::ranges::find(kPunchEntries, punch);
+  return entry != kPunchEntries.end()
+             ? std::optional(static_cast<std::uint32_t>(entry - kPunchEntries.begin()))
+             : std::nullopt;
 }
 
 }  // namespace zn

@@ -3,7 +3,9 @@
 // any selection, also for values that no list offers. Lengths are tenths of a millimetre.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "session/option_selection.h"
@@ -71,8 +73,26 @@ struct JobPicture {
 [[nodiscard]] JobPicture DescribeJob(const OptionTable& options, PaperSize document,
                                      bool hasPageOrder);
 
-// The entry of the list of punches that stands for a position and a number of holes; 0 for a pair
-// that the list does not show.
-[[nodiscard]] std::uint32_t PunchEntry(std::uint32_t punch, std::uint32_t holes) noexcept;
+// What the entries of the list of punches stand for: ZNPunch, the position, and ZNPunchHoles. The
+// list stores kLongEdgeStored for the position of option 5.
+inline constexpr std::uint32_t kLongEdgeStored = 13;
+inline constexpr auto kPunchEntries = std::to_array<SelectionPair>({{0, 0},
+                                                                    {1, 0},
+                                                                    {2, 0},
+                                                                    {3, 0},
+                                                                    {4, 0},
+                                                                    {kLongEdgeStored, 0},
+                                                                    {1, 2},
+                                                                    {2, 2},
+                                                                    {3, 2},
+                                                                    {4, 2},
+                                                                    {kLongEdgeStored, 2},
+                                                                    {1, 1},
+                                                                    {2, 1},
+                                                                    {3, 1},
+                                                                    {4, 1},
+                                                                    {kLongEdgeStored, 1}});
+// The entry that stands for a pair; nothing when none does.
+[[nodiscard]] std::optional<std::uint32_t> PunchEntry(SelectionPair punch) noexcept;
 
 }  // namespace zn

@@ -60,10 +60,8 @@ std::string WordsOf(HWND page, const Setting& setting, std::uint32_t entry) {
   return Text(setting.text, {word});
 }
 
-std::string FormName(const SheetContext& sheet) {
-  const std::uint32_t form = LOWORD(sheet.Current(KW_PAGESIZE));
-  const char* name = "";
-  return form < GetFormsCount() && GetFormsInfo(form, &name) != 0 ? name : "";
+std::string PaperName(const SheetContext& sheet) {
+  return std::string(FormName(LOWORD(sheet.Current(KW_PAGESIZE))));
 }
 
 }  // namespace
@@ -73,7 +71,7 @@ std::string OutputPaperName(HWND page, const SheetContext& sheet) {
   const HWND list = ::GetDlgItem(page, IDC_BASIC_OUTPUT_SIZE);
   const std::string name =
       option != 0 && list != nullptr ? EntryText(list, option, false) : std::string();
-  return option != 0 ? name : FormName(sheet);
+  return option != 0 ? name : PaperName(sheet);
 }
 
 std::string LayoutSentence(HWND page, const SheetContext& sheet, const JobPicture& picture) {
@@ -81,8 +79,8 @@ std::string LayoutSentence(HWND page, const SheetContext& sheet, const JobPictur
                                               IDS_PICTURE_ROTATED};
   const std::uint32_t orientation = sheet.Current(KW_ORIENTATION);
   Sentence sentence;
-  sentence.Add(
-      Text(kOrientations[orientation < kOrientations.size() ? orientation : 0], {FormName(sheet)}));
+  sentence.Add(Text(kOrientations[orientation < kOrientations.size() ? orientation : 0],
+                    {PaperName(sheet)}));
   if (sheet.Current(KW_OUTPUTPAPERSIZE) != 0) {
     sentence.Add(Text(IDS_PICTURE_OUTPUT_SIZE, {OutputPaperName(page, sheet)}));
     sentence.AddIf(sheet.Current(KW_PAGEPRINTONCENTER) != 0, IDS_PICTURE_CENTER);
@@ -104,20 +102,30 @@ std::string LayoutSentence(HWND page, const SheetContext& sheet, const JobPictur
 
 std::string OutputSentence(HWND page, const SheetContext& sheet) {
   Sentence sentence;
+  const auto punch = PunchEntry({sheet.Current(KW_PUNCH), sheet.Current(KW_PUNCHHOLES)});
   sentence.Add(WordsOf(page,
-                       {IDC_TRAY_STAPLE, IDS_PICTURE_STAPLE, IDS_PICTURE_NO_STAPLE, false, true},
+                       {.list = IDC_TRAY_STAPLE,
+                        .text = IDS_PICTURE_STAPLE,
+                        .noneText = IDS_PICTURE_NO_STAPLE,
+                        .mayLack = true},
                        sheet.Current(KW_STAPLE)));
-  sentence.Add(WordsOf(page, {IDC_TRAY_PUNCH, IDS_PICTURE_PUNCH, IDS_PICTURE_NO_PUNCH, false, true},
-                       PunchEntry(sheet.Current(KW_PUNCH), sheet.Current(KW_PUNCHHOLES))));
+  sentence.Add(WordsOf(page,
+                       {.list = IDC_TRAY_PUNCH,
+                        .text = IDS_PICTURE_PUNCH,
+                        .noneText = IDS_PICTURE_NO_PUNCH,
+                        .mayLack = true},
+                       punch.value_or(0)));
   sentence.Add(sheet.Current(KW_COLLATE) != 0 ? IDS_PICTURE_COLLATED : IDS_PICTURE_NOT_COLLATED);
-  sentence.Add(WordsOf(page, {IDC_TRAY_JOG, IDS_PICTURE_JOG, 0, true}, sheet.Current(KW_JOG)));
+  sentence.Add(WordsOf(page, {.list = IDC_TRAY_JOG, .text = IDS_PICTURE_JOG, .silent = true},
+                       sheet.Current(KW_JOG)));
   if (sheet.hasPageOrder) {
     sentence.Add(sheet.Current(KW_PAGEORDER) == 1 ? IDS_PICTURE_REVERSE_ORDER
                                                   : IDS_PICTURE_FORWARD_ORDER);
   }
-  sentence.Add(WordsOf(page, {IDC_TRAY_OUTPUT, IDS_PICTURE_OUTPUT_TRAY, 0, false, true},
+  sentence.Add(WordsOf(page,
+                       {.list = IDC_TRAY_OUTPUT, .text = IDS_PICTURE_OUTPUT_TRAY, .mayLack = true},
                        sheet.Current(KW_OUTPUTTRAY)));
-  sentence.Add(WordsOf(page, {IDC_TRAY_SOURCE, IDS_PICTURE_SOURCE, 0, false, true},
+  sentence.Add(WordsOf(page, {.list = IDC_TRAY_SOURCE, .text = IDS_PICTURE_SOURCE, .mayLack = true},
                        sheet.Current(KW_SOURCE)));
   return sentence.Take();
 }

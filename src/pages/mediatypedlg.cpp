@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "pages/media_weight.h"
-#include "pages/modal_dialog.h"
 #include "pages/page_frame.h"
 #include "pages/pspage.h"
 #include "pages/restriction_question.h"

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/modal_dialog.h"
 #include "session/plugin_context.h"
 
 namespace zn {
@@ -15,7 +16,7 @@ namespace zn {
 class PageSources;
 
 // What both dialogs do.
-class CMediaTypeDlg {
+class CMediaTypeDlg : public ModalDialog {
  public:
   // Shows the dialog over the active window until it is closed. IDOK: the selections are stored.
   // IDCANCEL, or -1 when the dialog cannot be shown: the sheet is as it was.
@@ -49,17 +50,11 @@ class CMediaTypeDlg {
   // Disables the list of weights while it is empty, and all lists while the automatic tray's
   // settings take their place.
   void EnableLists() const;
-  [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
 
-  HWND window_ = nullptr;  // while the dialog is shown
   SheetContext* sheet_;
   PlugInContext* context_;
-  bool isFilled_ = false;  // else OK would take what no control shows
 
  private:
-  template <class Dialog>
-  friend INT_PTR CALLBACK ModalDialogProc(HWND, UINT, WPARAM, LPARAM);
-
   [[nodiscard]] bool HasControls() const noexcept;
   [[nodiscard]] std::vector<std::string> TypeNames(PageSources& sources) const;
   void SelectCurrentType(PageSources& sources) const;
@@ -67,6 +62,9 @@ class CMediaTypeDlg {
   Keywords keywords_;
   std::uint32_t templateId_;
   std::uint32_t maxCustomNames_ = 20;
+
+ protected:
+  bool isFilled_ = false;  // else OK would take what no control shows
 };
 
 class CMediaTypeDlgAutoTrayMarzipan final : public CMediaTypeDlg {

@@ -11,6 +11,18 @@
 
 namespace zn {
 
+// What every dialog object has; its window is there from WM_INITDIALOG on.
+class ModalDialog {
+ protected:
+  [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
+
+  HWND window_ = nullptr;
+
+ private:
+  template <class Dialog>
+  friend INT_PTR CALLBACK ModalDialogProc(HWND, UINT, WPARAM, LPARAM);
+};
+
 // Hands a dialog's messages to its object: WM_COMMAND with the notification code, the control id
 // and the control window; WM_NOTIFY when there is an OnNotify. Closing the window is pressing
 // Cancel (IDCANCEL). No exception leaves it.
@@ -26,7 +38,7 @@ INT_PTR CALLBACK ModalDialogProc(HWND window, UINT message, WPARAM wParam, LPARA
         ::EndDialog(window, IDCANCEL);  // its buttons would do nothing
         return 0;
       }
-      dialog->window_ = window;
+      static_cast<ModalDialog&>(*dialog).window_ = window;
       const INT_PTR result = dialog->OnInitDialog();
       AccessibleTexts().NameExtendedLists(window);
       return result;

@@ -125,9 +125,7 @@ std::vector<std::string> PageFrame::NamesOf(const ControlRow& row, PageSources& 
   if (row.kind == ControlKind::Forms) {
     std::vector<std::string> names(GetFormsCount());
     for (std::uint32_t form = 0; form < names.size(); ++form) {
-      if (const char* name = nullptr; GetFormsInfo(form, &name) != 0) {
-        names[form] = name;
-      }
+      names[form] = FormName(form);
     }
     return names;
   }
@@ -265,7 +263,6 @@ void PageFrame::Select(const ControlRow& row, std::uint32_t selection) {
   if (!IsPresent(row) || (row.kind != ControlKind::UpDown && !row.coding.Shows(selection))) {
     return;
   }
-  const std::uint32_t entry = LOWORD(selection - row.coding.first);
   switch (row.kind) {
     case ControlKind::Radios:
       CheckRadio(page_, row.radios, LOWORD(selection));
@@ -282,18 +279,18 @@ void PageFrame::Select(const ControlRow& row, std::uint32_t selection) {
       } else if (row.coding.itemData) {
         SelectItemData(ControlOf(row), LOWORD(selection));
       } else {
-        SelectEntry(ControlOf(row), entry);
+        SelectEntry(ControlOf(row), LOWORD(selection - row.coding.first));
       }
   }
 }
 
-PairCoding::Pair PageFrame::PairOf(const ControlRow& row) const {
+SelectionPair PageFrame::PairOf(const ControlRow& row) const {
   return {sheet_.Current(row.keyword),
           row.pairing != nullptr ? sheet_.Current(row.pairing->second) : 0};
 }
 
 void PageFrame::SelectPair(const ControlRow& row) {
-  if (const auto entry = row.pairing->EntryOf(PairOf(row))) {
+  if (const auto entry = row.pairing->entryOf(PairOf(row))) {
     SelectEntry(ControlOf(row), *entry);
   }
 }
@@ -350,7 +347,7 @@ bool PageFrame::Command(WORD code, WORD id) {
   if (row == nullptr) {
     return true;
   }
-  const PairCoding::Pair before = PairOf(*row);
+  const SelectionPair before = PairOf(*row);
   const Event event{code, id};
   if (!Store(*row, &event)) {
     return true;
@@ -386,7 +383,7 @@ bool PageFrame::Store(const ControlRow& row, const Event* event) {
   }
   const auto selection = Read(row, event);
   if (selection && row.pairing != nullptr) {
-    const PairCoding::Pair& pair = row.pairing->pairs[*selection];
+    const SelectionPair& pair = row.pairing->pairs[*selection];
     sheet_.SetCurrent(row.keyword, pair.first);
     sheet_.SetCurrent(row.pairing->second, pair.second);
   } else if (selection) {
@@ -439,7 +436,7 @@ std::optional<std::uint32_t> PageFrame::Read(const ControlRow& row, const Event*
   }
 }
 
-void PageFrame::ResolveRestrictions(const ControlRow& row, PairCoding::Pair before) {
+void PageFrame::ResolveRestrictions(const ControlRow& row, SelectionPair before) {
   std::vector<OldSelection> old{{row.keyword, before.first}};
   if (row.pairing != nullptr) {
     old.push_back({row.pairing->second, before.second});

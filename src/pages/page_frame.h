@@ -61,7 +61,7 @@ class PageFrame {
   void Select(const ControlRow& row, std::uint32_t selection);
   void Show(KeywordId keyword, const ControlRow* except);
   // The current selections of the row's keyword and of the one that it is paired with.
-  [[nodiscard]] PairCoding::Pair PairOf(const ControlRow& row) const;
+  [[nodiscard]] SelectionPair PairOf(const ControlRow& row) const;
   void SelectPair(const ControlRow& row);
   // The command that a control's reading answers; nothing when all are read.
   struct Event {
@@ -71,7 +71,7 @@ class PageFrame {
   bool Store(const ControlRow& row, const Event* event);
   // The selection that the control shows now; nothing when it shows none that is stored.
   [[nodiscard]] std::optional<std::uint32_t> Read(const ControlRow& row, const Event* event);
-  void ResolveRestrictions(const ControlRow& row, PairCoding::Pair before);
+  void ResolveRestrictions(const ControlRow& row, SelectionPair before);
   void ShowSelections();
   void EnableControls();
   void RedrawIllustration();

@@ -69,22 +69,10 @@ struct Coding {
 
 // A list whose entries stand for selections of two keywords, that of the row and another one.
 struct PairCoding {
-  struct Pair {
-    std::uint32_t first, second;
-  };
-
   KeywordId second;
-  std::span<const Pair> pairs;                // by entry
-  std::span<const std::uint8_t> entryOfPair;  // at first + second * width
-  std::uint32_t width;
-
+  std::span<const SelectionPair> pairs;  // by entry
   // Nothing for a pair that is not shown.
-  [[nodiscard]] constexpr std::optional<std::uint32_t> EntryOf(Pair pair) const {
-    const std::size_t height = entryOfPair.size() / width;
-    return pair.first < width && pair.second < height
-               ? std::optional<std::uint32_t>(entryOfPair[pair.first + pair.second * width])
-               : std::nullopt;
-  }
+  std::optional<std::uint32_t> (*entryOf)(SelectionPair pair);
 };
 
 // Images of a list: a strip of the module, and per entry an image of it.

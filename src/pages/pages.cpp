@@ -33,9 +33,4 @@ const PageDefinition* DialogPages() noexcept {
   return kPages.data();
 }
 
-void ReleasePageResources(SheetContext& sheet) noexcept {
-  // The pages' windows are gone: nothing reads their controls any more.
-  sheet.activePage = nullptr;
-}
-
 }  // namespace zn

@@ -21,7 +21,4 @@ inline constexpr int kDialogPageCount = 4;
 // resources (hInstCaller) is left to the caller. Null when memory runs out.
 [[nodiscard]] COMPROPSHEETUI* PrepareAdvancedTree(SheetContext& sheet) noexcept;
 
-// Releases what the pages share for the time of a sheet.
-void ReleasePageResources(SheetContext& sheet) noexcept;
-
 }  // namespace zn

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "pages/job_picture.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
@@ -38,8 +39,8 @@ class PaintPause {
 }  // namespace
 
 std::uint32_t OptionCount(SheetContext& sheet, KeywordId id) {
-  constexpr std::uint32_t kPunchEntries = 16;
-  return id == KW_PUNCH ? kPunchEntries : CSession(&sheet).DRVGetKeywordNumOptions(id);
+  return id == KW_PUNCH ? static_cast<std::uint32_t>(kPunchEntries.size())
+                        : CSession(&sheet).DRVGetKeywordNumOptions(id);
 }
 
 void SetLabelText(HWND label, const std::string& text, bool colon) {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 #include "bridge/companion.h"
 #include "platform/double_byte.h"

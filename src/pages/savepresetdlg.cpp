@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "pages/modal_dialog.h"
 #include "pages/pspage.h"
 #include "platform/format_text.h"
 #include "platform/resources.h"

@@ -7,10 +7,11 @@
 
 #include "favorites/favorite_file.h"
 #include "favorites/favorite_name.h"
+#include "pages/modal_dialog.h"
 
 namespace zn {
 
-class CSavePresetDlg {
+class CSavePresetDlg : public ModalDialog {
  public:
   using Name = char[kMaxFavoriteName + 1];
   using Comment = char[kMaxComment + 1];
@@ -24,10 +25,6 @@ class CSavePresetDlg {
   virtual int OnCommand(WORD notifyCode, WORD controlId, HWND control);
 
  private:
-  template <class Dialog>
-  friend INT_PTR CALLBACK ModalDialogProc(HWND, UINT, WPARAM, LPARAM);
-
-  [[nodiscard]] HWND Control(int id) const noexcept { return ::GetDlgItem(window_, id); }
   // False when an edit is refused.
   bool Save();
   [[nodiscard]] bool AcceptName(const std::string& name) const;
@@ -35,7 +32,6 @@ class CSavePresetDlg {
   // Tells the user and goes to the edit, whose text is selected up to `selectionEnd`.
   void Refuse(int editId, const std::string& message, int selectionEnd) const;
 
-  HWND window_ = nullptr;
   char* name_ = nullptr;
   char* comment_ = nullptr;
 };

@@ -7,6 +7,7 @@
 #include "pages/custompageeditdlg.h"
 #include "pages/favorite_commands.h"
 #include "pages/favorites_list.h"
+#include "pages/job_picture.h"
 #include "pages/page_frame.h"
 #include "pages/page_images.h"
 #include "pages/pspage.h"
@@ -28,7 +29,6 @@ constexpr std::uint32_t kSameAsDocument = 0;
 constexpr std::uint32_t kPortrait = 0;
 
 constexpr std::uint32_t kFewestCopies = 1;
-constexpr std::uint32_t kMostCopies = 9999;
 
 constexpr std::array kOrientationRadios{IDC_BASIC_PORTRAIT, IDC_BASIC_LANDSCAPE, IDC_BASIC_ROTATED};
 
@@ -50,9 +50,8 @@ bool HasSeveralPages(const SheetContext& sheet) {
   return sheet.Current(KW_NUP) != kOnePage;
 }
 
-// The last paper is the custom one.
 bool IsCustomSize(const SheetContext& sheet) {
-  return GetFormsCount() != 0 && LOWORD(sheet.Current(KW_PAGESIZE)) == GetFormsCount() - 1;
+  return IsCustomForm(LOWORD(sheet.Current(KW_PAGESIZE)));
 }
 
 void EditCustomSize(PageFrame& page) {

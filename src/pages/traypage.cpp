@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "pages/job_picture.h"
 #include "pages/mediatypedlg.h"
 #include "pages/page_frame.h"
 #include "pages/page_images.h"
@@ -22,27 +23,11 @@ constexpr std::array<std::uint8_t, 22> kStapleImages{0, 1,  2,  3,  4,  5,  6,  
 constexpr std::array<std::uint8_t, 16> kPunchImages{0, 1, 2, 3, 4,  1,  5,  6,
                                                     7, 8, 5, 9, 10, 11, 12, 9};
 
-// ZNPunch and ZNPunchHoles by entry, and the way back. On purpose the two do not match for punch
-// option 13: it is stored, but not shown again.
-constexpr std::array<PairCoding::Pair, 16> kPunchPairs{{{0, 0},
-                                                        {1, 0},
-                                                        {2, 0},
-                                                        {3, 0},
-                                                        {4, 0},
-                                                        {13, 0},
-                                                        {1, 2},
-                                                        {2, 2},
-                                                        {3, 2},
-                                                        {4, 2},
-                                                        {13, 2},
-                                                        {1, 1},
-                                                        {2, 1},
-                                                        {3, 1},
-                                                        {4, 1},
-                                                        {13, 1}}};
-constexpr std::array<std::uint8_t, 18> kPunchEntries{0,  1,  2,  3, 4, 5, 0, 11, 12,
-                                                     13, 14, 15, 0, 6, 7, 8, 9,  10};
-constexpr PairCoding kPunchPairing{KW_PUNCHHOLES, kPunchPairs, kPunchEntries, 6};
+// On purpose the stored long edge is not shown again, but option 5 is.
+std::optional<std::uint32_t> ShownPunch(SelectionPair punch) {
+  return punch.first != kLongEdgeStored ? PunchEntry(punch) : std::nullopt;
+}
+constexpr PairCoding kPunchPairing{KW_PUNCHHOLES, kPunchEntries, &ShownPunch};
 
 bool HasPageOrder(const SheetContext& sheet) {
   return sheet.hasPageOrder;

@@ -95,4 +95,13 @@ FormSize GetFormSize(std::uint32_t index) noexcept {
              : FormSize{0, 0};
 }
 
+std::string_view FormName(std::uint32_t index) noexcept {
+  const char* name = nullptr;
+  return index < GetFormsCount() && GetFormsInfo(index, &name) != 0 ? name : "";
+}
+
+bool IsCustomForm(std::uint32_t index) noexcept {
+  return GetFormsCount() != 0 && index == GetFormsCount() - 1;
+}
+
 }  // namespace zn

@@ -16,6 +16,12 @@ struct OptionSelection {
   std::uint32_t lastWritten;  // what the core driver's item was last told
 };
 
+// Selections of two keywords that belong together.
+struct SelectionPair {
+  std::uint32_t first, second;
+  bool operator==(const SelectionPair&) const = default;
+};
+
 using OptionTable = std::array<OptionSelection, KW_MAX>;
 
 }  // namespace zn

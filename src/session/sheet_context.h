@@ -14,7 +14,7 @@
 
 namespace zn {
 
-// Base of what a later part of the plug-in hangs on the sheet (favourites, image lists);
+// Base of what a later part of the plug-in hangs on the sheet (the favourites);
 // destroyed with the sheet.
 struct SheetAttachment {
   virtual ~SheetAttachment() = default;

@@ -5,7 +5,6 @@
 #include <winspool.h>
 
 #include <array>
-#include <sstream>
 
 #include "host/base/files.h"
 #include "platform/handles.h"
@@ -64,37 +63,13 @@ void Click(HWND page, int button) {
 
 void Enter(HWND page, int edit, const char* text) {
   ASSERT_NE(::GetDlgItem(page, edit), nullptr) << "control " << edit;
-  // By message, so that the sheets of other processes can be worked, too.
-  ::SendDlgItemMessageA(page, edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+  ::SetDlgItemTextA(page, edit, text);
 }
 
 std::string TextOf(HWND page, int control) {
   std::array<char, 1024> text{};
-  ::SendDlgItemMessageA(page, control, WM_GETTEXT, text.size(),
-                        reinterpret_cast<LPARAM>(text.data()));
+  ::GetDlgItemTextA(page, control, text.data(), static_cast<int>(text.size()));
   return text.data();
-}
-
-std::string TreeItemText(HWND tree, HTREEITEM node) {
-  std::array<char, 256> text{};
-  TVITEMA item{};
-  item.mask = TVIF_TEXT | TVIF_HANDLE;
-  item.hItem = node;
-  item.pszText = text.data();
-  item.cchTextMax = static_cast<int>(text.size());
-  ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-  return text.data();
-}
-
-std::vector<std::string> Lines(const std::string& report, const std::string& word) {
-  std::vector<std::string> lines;
-  std::istringstream text(report);
-  for (std::string line; std::getline(text, line);) {
-    if (line.starts_with(word + " ")) {
-      lines.push_back(line.substr(word.size() + 1));
-    }
-  }
-  return lines;
 }
 
 }  // namespace zn::test

@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "gmock/gmock.h"
 #include "host/driver/document_sheet.h"
@@ -40,9 +39,5 @@ void Click(HWND page, int button);
 void Enter(HWND page, int edit, const char* text);
 
 [[nodiscard]] std::string TextOf(HWND page, int control);
-[[nodiscard]] std::string TreeItemText(HWND tree, HTREEITEM node);
-
-// The lines of a report that begin with `word` and a blank, without both.
-[[nodiscard]] std::vector<std::string> Lines(const std::string& report, const std::string& word);
 
 }  // namespace zn::test

@@ -16,6 +16,7 @@ namespace {
 
 using host::DocumentSheet;
 using host::QueueDevMode;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -97,6 +98,7 @@ class WholeSheetTest : public HostTest {
   QueueDevMode PressOk(DocumentSheet& sheet) {
     sheet.Sheet().PressOk();
     EXPECT_TRUE(sheet.Sheet().EndedWithOk());
+    EXPECT_EQ(sheet.Sheet().Result(), static_cast<DWORD>(CPSUI_OK));
     return Finish(sheet);
   }
   QueueDevMode PressCancel(DocumentSheet& sheet) {
@@ -212,6 +214,14 @@ TEST_F(WholeSheetTest, EveryControlComesBackAfterOkAndByItsFavorite) {
   Replace(expected, defaults, &IsJobName);
   EXPECT_EQ(Differences(expected, Read(*sheet)), "") << "favourite in another sheet";
   EXPECT_EQ(Changes(kept, PressOk(*sheet)), kJobNameLost);
+}
+
+TEST_F(WholeSheetTest, DriverNoticesWhatItWasNotTold) {
+  const auto sheet = Open(start_);
+  sheet->Items().Find("ZNFold")->Sel = 1;
+  sheet->Sheet().PressOk();
+  sheet->Finish();
+  EXPECT_THAT(sheet->Faults(), ElementsAre("ZNFold changed without DrvUpdateUISetting"));
 }
 
 TEST_F(WholeSheetTest, CancelKeepsWhatTheLastApplyLeft) {

@@ -1,6 +1,5 @@
 // The tree of advanced settings: its published records and what its callback does.
 #include <array>
-#include <string>
 
 #include "page_sheet.h"
 #include "pages/pages.h"

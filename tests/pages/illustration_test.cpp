@@ -3,8 +3,6 @@
 
 #include <commctrl.h>
 
-#include <memory>
-
 #include "host/base/resource_usage.h"
 #include "page_sheet.h"
 #include "pages/page_images.h"

@@ -177,11 +177,11 @@ TEST(JobPicture, FinishesTheSheet) {
       EXPECT_EQ(mark.y, row.y) << row.option;
     }
   }
-  EXPECT_EQ(PunchEntry(1, 0), 1u);
-  EXPECT_EQ(PunchEntry(13, 1), 15u);
-  EXPECT_EQ(PunchEntry(5, 2), 10u);
-  EXPECT_EQ(PunchEntry(6, 0), 0u);
-  EXPECT_EQ(PunchEntry(1, 3), 0u);
+  EXPECT_EQ(PunchEntry({1, 0}), 1u);
+  EXPECT_EQ(PunchEntry({13, 1}), 15u);
+  EXPECT_EQ(PunchEntry({5, 2}), 10u);
+  EXPECT_EQ(PunchEntry({6, 0}), std::nullopt);
+  EXPECT_EQ(PunchEntry({1, 3}), std::nullopt);
 }
 
 TEST(JobPicture, OrdersTheSheets) {
