@@ -15,14 +15,6 @@ constexpr DWORD kWholeControl = CHILDID_SELF;
 constexpr auto kClient = static_cast<DWORD>(OBJID_CLIENT);
 constexpr int kMaxText = 1023;
 
-template <class Action>
-void ForEachChild(HWND dialog, const Action& action) {
-  for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
-       child = ::GetWindow(child, GW_HWNDNEXT)) {
-    action(child);
-  }
-}
-
 std::wstring WideText(const std::string& text) {
   const int length = static_cast<int>(text.size());
   std::wstring wide(text.size(), L'\0');
@@ -71,12 +63,14 @@ void AccessibleTexts::SetDescription(HWND control, const std::string& descriptio
 }
 
 void AccessibleTexts::NameExtendedLists(HWND dialog) const {
-  ForEachChild(dialog, [&](HWND child) {
-    if (const HWND before = ::GetWindow(child, GW_HWNDPREV); InnerControl(child) != child) {
+  HWND before = nullptr;
+  for (const HWND control : ControlsOf(dialog)) {
+    if (InnerControl(control) != control) {
       const bool isLabelled = (::SendMessageA(before, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
-      SetName(child, ControlText(isLabelled ? before : child, kMaxText));
+      SetName(control, ControlText(isLabelled ? before : control, kMaxText));
     }
-  });
+    before = control;
+  }
 }
 
 void AccessibleTexts::Forget(HWND dialog) const noexcept {
@@ -84,11 +78,11 @@ void AccessibleTexts::Forget(HWND dialog) const noexcept {
   if (services == nullptr) {
     return;
   }
-  ForEachChild(dialog, [&](HWND child) {
+  for (const HWND control : ControlsOf(dialog)) {
     const MSAAPROPID given[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
-    services->ClearHwndProps(InnerControl(child), kClient, kWholeControl, given,
+    services->ClearHwndProps(InnerControl(control), kClient, kWholeControl, given,
                              static_cast<int>(std::size(given)));
-  });
+  }
 }
 
 }  // namespace zn

@@ -482,8 +482,21 @@ bool PageFrame::HasWindows(const ControlRow& row) const noexcept {
          std::ranges::all_of(row.radios, isThere);
 }
 
+HWND PageFrame::Item(int id) const noexcept {
+  if (controls_.empty()) {
+    controls_ = ControlsOf(page_);
+  }
+  const auto control = std::ranges::find(controls_, id, &::GetDlgCtrlID);
+  return control != controls_.end() ? *control : nullptr;
+}
+
 HWND PageFrame::ControlOf(const ControlRow& row) const noexcept {
-  return row.label != 0 ? ListOfLabel(page_, row.label) : Item(row.id);
+  if (row.label == 0) {
+    return Item(row.id);
+  }
+  // The list that belongs to a label is the control behind it: the templates keep this order.
+  const auto label = std::ranges::find(controls_, Item(row.label));
+  return label != controls_.end() && label + 1 != controls_.end() ? label[1] : nullptr;
 }
 
 const ControlRow* PageFrame::RowOf(int id) const noexcept {

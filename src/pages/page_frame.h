@@ -79,11 +79,13 @@ class PageFrame {
   [[nodiscard]] bool HasWindows(const ControlRow& row) const noexcept;
   [[nodiscard]] HWND ControlOf(const ControlRow& row) const noexcept;
   [[nodiscard]] const ControlRow* RowOf(int id) const noexcept;
-  [[nodiscard]] HWND Item(int id) const noexcept { return ::GetDlgItem(page_, id); }
+  [[nodiscard]] HWND Item(int id) const noexcept;
 
   HWND page_;
   SheetContext& sheet_;
   const PageTable& table_;
+  // In their order; asked for at the first use.
+  mutable std::vector<HWND> controls_;
 };
 
 }  // namespace zn

@@ -3,8 +3,10 @@
 #include <commctrl.h>
 
 #include <array>
+#include <utility>
 
 #include "pages/job_picture.h"
+#include "platform/boundary.h"
 #include "platform/resources.h"
 #include "res/resource_ids.h"
 #include "session/session.h"
@@ -12,12 +14,13 @@
 namespace zn {
 namespace {
 
-// Keeps a list from painting while its entries change. A hidden one, or one of a page that is not
-// shown yet, does not paint, and setting WM_SETREDRAW would show it.
+// Keeps a list from painting while its entries change. A hidden one does not paint, and setting
+// WM_SETREDRAW would show it; on a page that is not shown yet, the pause pays for itself with many
+// entries only.
 class PaintPause {
  public:
-  explicit PaintPause(HWND list) noexcept
-      : list_(::IsWindowVisible(list) != FALSE ? list : nullptr) {
+  PaintPause(HWND list, std::size_t entries) noexcept
+      : list_(Pays(list, entries) ? list : nullptr) {
     if (list_ != nullptr) {
       ::SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
     }
@@ -33,6 +36,12 @@ class PaintPause {
   PaintPause& operator=(const PaintPause&) = delete;
 
  private:
+  static bool Pays(HWND list, std::size_t entries) noexcept {
+    constexpr std::size_t kFew = 16;
+    return (::GetWindowLongPtrA(list, GWL_STYLE) & WS_VISIBLE) != 0 &&
+           (entries > kFew || ::IsWindowVisible(list) != FALSE);
+  }
+
   HWND list_;
 };
 
@@ -43,6 +52,26 @@ std::uint32_t OptionCount(SheetContext& sheet, KeywordId id) {
                         : CSession(&sheet).DRVGetKeywordNumOptions(id);
 }
 
+std::vector<HWND> ControlsOf(HWND dialog) noexcept {
+  struct Found {
+    HWND dialog;
+    std::vector<HWND> controls;
+  } found{dialog, {}};
+  ::EnumChildWindows(
+      dialog,
+      [](HWND window, LPARAM lParam) -> BOOL {
+        auto& [parent, controls] = *reinterpret_cast<Found*>(lParam);
+        return GuardedOr(FALSE, [&] {
+          if (::GetAncestor(window, GA_PARENT) == parent) {  // else one within a control
+            controls.push_back(window);
+          }
+          return TRUE;
+        });
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return std::move(found.controls);
+}
+
 void SetLabelText(HWND label, const std::string& text, bool colon) {
   if (text.empty()) {
     return;
@@ -51,21 +80,16 @@ void SetLabelText(HWND label, const std::string& text, bool colon) {
   ::SetWindowTextA(label, shown.c_str());
 }
 
-HWND ListOfLabel(HWND page, int labelId) noexcept {
-  const HWND label = ::GetDlgItem(page, labelId);
-  return label != nullptr ? ::GetWindow(label, GW_HWNDNEXT) : nullptr;
-}
-
 void FillList(HWND list, bool isExtended, std::span<std::string> names, std::span<const int> images,
               std::optional<LPARAM> firstData) {
-  const PaintPause pause(list);
+  const PaintPause pause(list, names.size());
   ::SendMessageA(list, CB_RESETCONTENT, 0, 0);
   AddToList(list, isExtended, names, images, firstData);
 }
 
 void AddToList(HWND list, bool isExtended, std::span<std::string> names,
                std::span<const int> images, std::optional<LPARAM> firstData) {
-  const PaintPause pause(list);
+  const PaintPause pause(list, names.size());
   for (std::size_t index = 0; index < names.size(); ++index) {
     const LPARAM data = firstData.value_or(0) + static_cast<LPARAM>(index);
     if (!isExtended) {

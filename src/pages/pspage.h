@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "session/sheet_context.h"
 
@@ -16,13 +17,13 @@ namespace zn {
 // hole counts together, whatever the session reports.
 [[nodiscard]] std::uint32_t OptionCount(SheetContext& sheet, KeywordId id);
 
+// The controls of a page or dialog in their order, by one question to the system. Without the last
+// ones when memory runs out.
+[[nodiscard]] std::vector<HWND> ControlsOf(HWND dialog) noexcept;
+
 // Sets the label and, with `colon`, the text of IDS_LABEL_COLON behind it. An empty label leaves
 // the template's text.
 void SetLabelText(HWND label, const std::string& text, bool colon);
-
-// The list that belongs to a label is the window behind it: the templates keep this order. Null
-// when the label is missing.
-[[nodiscard]] HWND ListOfLabel(HWND page, int labelId) noexcept;
 
 // Replaces the entries of a list. Those of an extended one get images: one per entry, or none at
 // all. The entries' item data count up from `firstData`, if it is given.
