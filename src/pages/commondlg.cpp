@@ -99,6 +99,13 @@ SheetContext* CCommonDlg::AttachSheet(const PROPSHEETPAGEA* page) const noexcept
   return sheet;
 }
 
+void CCommonDlg::OnMouse(const PageTable& table) const {
+  SheetContext* sheet = Sheet();
+  if (sheet != nullptr && MakeTips(window_)) {
+    PageFrame(window_, *sheet, table).ShowTips();
+  }
+}
+
 int CCommonDlg::Fill(const PageTable& table, SheetContext* sheet, bool useDefault) const {
   return sheet != nullptr && PageFrame(window_, *sheet, table).Fill(useDefault);
 }

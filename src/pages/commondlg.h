@@ -15,6 +15,11 @@ class CCommonDlg {
  public:
   CCommonDlg(HWND window, PlugInContext* context) noexcept : window_(window), context_(context) {}
 
+  // What stands on the page; each page has a table of its own.
+  [[nodiscard]] static const PageTable& Table() noexcept;
+  // To be called when the mouse is over the page.
+  void OnMouse(const PageTable& table) const;
+
   // Hands a window message to the operation that handles it; the result is the dialog result.
   INT_PTR DlgProc(UINT message, WPARAM wParam, LPARAM lParam);
 

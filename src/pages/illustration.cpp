@@ -6,7 +6,6 @@
 #include "pages/job_picture.h"
 #include "pages/job_sentence.h"
 #include "pages/pspage.h"
-#include "pages/tips.h"
 #include "platform/format_text.h"
 #include "platform/handles.h"
 #include "platform/resources.h"
@@ -55,7 +54,6 @@ void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kin
   // A screen reader hears of every text that is set.
   if (sentence != ControlText(illustration, kMaxSentence)) {
     ::SetWindowTextA(illustration, sentence.c_str());
-    PageTips(page).Set(illustration, sentence);
   }
   ::InvalidateRect(illustration, nullptr, FALSE);
 }

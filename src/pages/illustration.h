@@ -1,5 +1,5 @@
 // The illustrations of the basic page and of the tray and output page: what the job will look like,
-// drawn, in words (the control's text) and as a tooltip.
+// drawn and in words, the control's text.
 #pragma once
 
 #include <windows.h>

@@ -84,6 +84,10 @@ void RememberJobName(const char* text) {
 
 }  // namespace
 
+const PageTable& CCommonDlg::Table() noexcept {
+  return kTable;
+}
+
 int CCommonDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   SheetContext* sheet = AttachSheet(page);
   if (sheet == nullptr) {

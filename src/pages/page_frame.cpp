@@ -16,6 +16,7 @@ namespace zn {
 namespace {
 
 constexpr int kNoImage = I_IMAGENONE;
+constexpr int kMaxSentence = 1023;  // bytes of an illustration's words
 
 }  // namespace
 
@@ -471,6 +472,10 @@ void PageFrame::ShowTips() {
       text.insert(0, text.empty() ? "" : "\n").insert(0, LoadResourceString(IDS_MISSING_UNIT));
     }
     tips.Set(control, text);
+  }
+  if (table_.illustration) {
+    const HWND illustration = Item(IDC_ILLUSTRATION);
+    tips.Set(illustration, ControlText(illustration, kMaxSentence));
   }
 }
 

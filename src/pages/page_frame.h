@@ -35,6 +35,8 @@ class PageFrame {
   // Stores the control that a command came from and does what follows, or presses the button. False
   // when nothing has changed: the page itself set the control, or the button changes nothing.
   bool Command(WORD code, WORD id);
+  // Explains the controls that need it.
+  void ShowTips();
   // Does what follows a change of the settings.
   void Changed() {
     if (table_.changed != nullptr) {
@@ -75,7 +77,6 @@ class PageFrame {
   void ShowSelections();
   void EnableControls();
   void RedrawIllustration();
-  void ShowTips();
   [[nodiscard]] bool HasWindows(const ControlRow& row) const noexcept;
   [[nodiscard]] HWND ControlOf(const ControlRow& row) const noexcept;
   [[nodiscard]] const ControlRow* RowOf(int id) const noexcept;

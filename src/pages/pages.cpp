@@ -16,6 +16,9 @@ template <class Page, auto... kConstants>
 INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return GuardedOr(INT_PTR{0}, [&] {
     Page page(window, &ThePlugInContext(), kConstants...);
+    if (message == WM_SETCURSOR) {
+      page.OnMouse(Page::Table());
+    }
     return INT_PTR{static_cast<int>(page.DlgProc(message, wParam, lParam))};
   });
 }

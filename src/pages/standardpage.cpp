@@ -240,6 +240,10 @@ std::string TroubleWith(std::optional<PaperMatch> paper) {
 
 }  // namespace
 
+const PageTable& CStandardPageDlg::Table() noexcept {
+  return kTable;
+}
+
 int CStandardPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   SheetContext* sheet = AttachSheet(page);
   if (sheet == nullptr) {

@@ -9,17 +9,22 @@
 
 namespace zn {
 
+// Makes the window that shows them, when the mouse first comes: they would double the messages of
+// their controls while the page opens. It belongs to the sheet and goes with it. False when it is
+// there already or cannot be made.
+bool MakeTips(HWND page) noexcept;
+
 class PageTips {
  public:
-  explicit PageTips(HWND page) noexcept : page_(page) {}
+  explicit PageTips(HWND page) noexcept;
 
-  // What the control shows while the mouse rests on it; an empty text shows nothing. Lists are
-  // given as themselves, also extended ones. The page's window of the tips is made for the first
-  // text; it belongs to the sheet and goes with it.
+  // What the control shows while the mouse rests on it, once there is a window for it; an empty
+  // text shows nothing. Lists are given as themselves, also extended ones.
   void Set(HWND control, const std::string& text);
 
  private:
   HWND page_;
+  HWND tips_;
   AccessibleTexts accessible_;
 };
 

@@ -148,6 +148,10 @@ constexpr PageTable kTable{.controls = kControls,
 
 }  // namespace
 
+const PageTable& CTrayPageDlg::Table() noexcept {
+  return kTable;
+}
+
 int CTrayPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   SheetContext* sheet = AttachSheet(page);
   if (sheet == nullptr) {

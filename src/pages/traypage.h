@@ -8,6 +8,7 @@ namespace zn {
 class CTrayPageDlg : public CCommonDlg {
  public:
   using CCommonDlg::CCommonDlg;
+  [[nodiscard]] static const PageTable& Table() noexcept;
 
   int OnInitDialog(WPARAM wParam, PROPSHEETPAGEA* page) override;
   int OnCommand(WORD notifyCode, WORD controlId, HWND control) override;

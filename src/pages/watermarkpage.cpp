@@ -76,6 +76,10 @@ constexpr PageTable kTable{.controls = kControls,
 
 }  // namespace
 
+const PageTable& CWatermarkPageDlg::Table() noexcept {
+  return kTable;
+}
+
 int CWatermarkPageDlg::OnInitDialog(WPARAM /*wParam*/, PROPSHEETPAGEA* page) {
   LoadWarningImage();
   const int result = Initialize(AttachSheet(page), false);

@@ -17,6 +17,7 @@ class CWatermarkPageDlg : public CCommonDlg {
 
   CWatermarkPageDlg(HWND window, PlugInContext* context, WatermarkLimits limits) noexcept
       : CCommonDlg(window, context), limits_(limits) {}
+  [[nodiscard]] static const PageTable& Table() noexcept;
 
   int OnInitDialog(WPARAM wParam, PROPSHEETPAGEA* page) override;
   int OnCommand(WORD notifyCode, WORD controlId, HWND control) override;

@@ -2,9 +2,12 @@
 // told the system's annotation service, which a recorder stands for.
 #include <objbase.h>
 // These must come behind objbase.h.
+#include <commctrl.h>
 #include <oleacc.h>
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 #include "page_sheet.h"
 #include "pages/mediatypedlg.h"
@@ -110,6 +113,22 @@ class Accessible : public PageSheetTest {
       }
     }
   }
+  // What the tooltips of a page say.
+  static std::vector<std::wstring> TipsOf(HWND page) {
+    std::vector<std::wstring> texts;
+    const auto tips = static_cast<HWND>(::GetPropA(page, "ZnTips"));
+    wchar_t text[1024] = L"";
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.lpszText = text;
+    for (WPARAM index = 0;
+         ::SendMessageW(tips, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(&tool)) != FALSE;
+         ++index) {
+      ::SendMessageW(tips, TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+      texts.emplace_back(text);
+    }
+    return texts;
+  }
   [[nodiscard]] std::wstring Name(int id) const { return NameOf(Control(id)); }
 
  private:
@@ -151,6 +170,12 @@ TEST_F(Accessible, TipsAreDescriptions) {
   const std::wstring tip = g_told[{Inner(Control(IDC_TRAY_PUNCH)), false}];
   EXPECT_NE(tip, L"");
   EXPECT_EQ(tip.find(L'\n'), std::wstring::npos);
+  // The mouse brings the window that shows them.
+  EXPECT_EQ(TipsOf(Page()), std::vector<std::wstring>());
+  ::SendMessageA(Page(), WM_SETCURSOR, 0, 0);
+  const std::vector<std::wstring> shown = TipsOf(Page());
+  EXPECT_NE(std::ranges::find(shown, tip), shown.end());
+  EXPECT_NE(std::ranges::find(shown, TextOf(Control(IDC_ILLUSTRATION))), shown.end());
 }
 
 TEST_F(Accessible, PagesDoWithoutCom) {
