@@ -50,7 +50,7 @@ HRESULT DriverHelper::DrvUpdateUISetting(PVOID /*pci*/, PVOID pOptItem, DWORD dw
                                          DWORD dwMode) {
   const auto* item = static_cast<const OPTITEM*>(pOptItem);
   const std::string keyword = items_ != nullptr ? items_->KeywordOf(item) : "?";
-  if (keyword == "?") {
+  if (items_ == nullptr || keyword == "?") {
     updates_.push_back({keyword, std::to_string(dwPreviousSelection), "?", dwMode});
     return E_FAIL;
   }

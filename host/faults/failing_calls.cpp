@@ -83,6 +83,7 @@ constexpr FailingCall kFailingCalls[] = {
     {"DrawTextA"},
     {"Ellipse"},
     {"EndDialog"},
+    {"EnumChildWindows"},
     {"FillRect"},
     {"FindNextFileA"},
     {"FindResourceA"},

@@ -40,10 +40,10 @@ constexpr std::uint32_t NameHash(std::string_view name) noexcept {
     return static_cast<unsigned char>(name[i < size ? i : size - 1]) & kFoldCase;
   };
   // A sum: its products do not wait for one another.
-  const std::uint32_t hash =
-      size * 0x9E3779B1U + letter(size - 1) * 0x85EBCA6BU + letter(size - 2) * 0xC2B2AE35U +
-      letter(size - 3) * 0x27D4EB2FU + letter(size / 2) * 0x165667B1U + letter(4) * 0xD3A2646DU +
-      letter(3) * 0xFD7046C5U;
+  const std::uint32_t hash = size * 0x9E3779B1U + letter(size - 1) * 0x85EBCA6BU +
+                             letter(size - 2) * 0xC2B2AE35U + letter(size - 3) * 0x27D4EB2FU +
+                             letter(size / 2) * 0x165667B1U + letter(4) * 0xD3A2646DU +
+                             letter(3) * 0xFD7046C5U;
   return hash ^ (hash >> 15);
 }
 
