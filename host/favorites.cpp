@@ -119,6 +119,7 @@ int RunFavorites(Words words) {
   MakeFavorites(favorites, plugIn, queue, start);
   favorites.Enter(std::to_string(kFew));
   std::vector<std::string> files;
+  files.reserve(kFew);
   for (int i = 0; i < kFew; ++i) {
     files.push_back(favorites.FileOf(NameOf(i)));
   }

@@ -1,6 +1,5 @@
 #include "host/private_favorites.h"
 
-#include <cstring>
 #include <filesystem>
 
 #include "favorites/favorite_folders.h"
@@ -17,8 +16,7 @@ constexpr UINT kTick = 10;  // milliseconds
 std::string g_documents;  // what stands for the shared documents of the machine
 
 BOOL WINAPI FindDocuments(HWND, LPSTR path, int, BOOL) {
-  std::strcpy(path, g_documents.c_str());
-  return TRUE;
+  return ::lstrcpynA(path, g_documents.c_str(), MAX_PATH) != nullptr;
 }
 
 std::string PrivateFolder() {
