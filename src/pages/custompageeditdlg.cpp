@@ -100,8 +100,8 @@ bool CCustomPageEditDlg::SelectDirection(bool useDefault) const {
 }
 
 bool CCustomPageEditDlg::IsTurned() const noexcept {
-  const auto direction = SelectedIndex(Control(IDC_CUSTOM_DIRECTION));
-  return direction == 1U || direction == 3U;
+  const std::uint32_t direction = SelectedIndex(Control(IDC_CUSTOM_DIRECTION)).value_or(0);
+  return direction == 1 || direction == 3;
 }
 
 std::uint32_t CCustomPageEditDlg::Entered(Dimension dimension) const {

@@ -60,10 +60,10 @@ std::vector<HWND> ControlsOf(HWND dialog) noexcept {
   ::EnumChildWindows(
       dialog,
       [](HWND window, LPARAM lParam) -> BOOL {
-        auto& [parent, controls] = *reinterpret_cast<Found*>(lParam);
+        auto& all = *reinterpret_cast<Found*>(lParam);
         return GuardedOr(FALSE, [&] {
-          if (::GetAncestor(window, GA_PARENT) == parent) {  // else one within a control
-            controls.push_back(window);
+          if (::GetAncestor(window, GA_PARENT) == all.dialog) {  // else one within a control
+            all.controls.push_back(window);
           }
           return TRUE;
         });

@@ -56,7 +56,10 @@ TEST(ExchangeTag, UnknownTagsLeaveTheRecordAlone) {
     Read(record, tag, "5");
     EXPECT_EQ(Written(record, tag), "(untouched)") << tag;
   }
-  EXPECT_EQ(std::memcmp(&record.m_Body, &fresh.m_Body, sizeof record.m_Body), 0);
+  const auto bytesOf = [](const CPrintOption& option) {
+    return std::string_view(reinterpret_cast<const char*>(&option.m_Body), sizeof option.m_Body);
+  };
+  EXPECT_TRUE(bytesOf(record) == bytesOf(fresh));
 }
 
 TEST(ExchangeTag, MarkIsRaisedByReadingTheMarkedTexts) {
