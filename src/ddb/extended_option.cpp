@@ -23,7 +23,19 @@ std::int32_t Clamp(const ExtendedTag& tag, std::int32_t number) noexcept {
   return tag.highest != 0 ? std::clamp(number, tag.lowest, tag.highest) : number;
 }
 
+// Most tags that are looked up are no extended ones; the first letter tells.
+constexpr auto kFirstLetters = [] {
+  std::array<bool, 256> isFirst{};
+  for (const ExtendedTag& tag : kExtendedTags) {
+    isFirst[static_cast<unsigned char>(tag.name[0])] = true;
+  }
+  return isFirst;
+}();
+
 const ExtendedTag* FindExtendedTag(std::string_view name) noexcept {
+  if (name.empty() || !kFirstLetters[static_cast<unsigned char>(name[0])]) {
+    return nullptr;
+  }
   return kExtendedIndex.Find(kExtendedTags, name,
                              [](std::string_view a, std::string_view b) { return a == b; });
 }
