@@ -22,7 +22,7 @@ namespace {
 constexpr UINT kTick = 10;     // milliseconds
 constexpr int kPatience = 50;  // ticks until a dialog that does not close is a complaint
 
-// The pages of the preferences by number.
+// The pages of the preferences by number; the properties have one page, in a sheet of its own.
 constexpr int kTreePage = 3;
 constexpr int kPages = 5;
 constexpr struct {

@@ -27,8 +27,6 @@ PaperSize DocumentPaper(const SheetContext& sheet) noexcept {
   return {width, height};
 }
 
-constexpr int kMaxSentence = 1023;  // bytes; a longer one is set again each time
-
 JobPicture Describe(const SheetContext& sheet) {
   return DescribeJob(sheet.options, DocumentPaper(sheet), sheet.hasPageOrder);
 }

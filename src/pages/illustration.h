@@ -13,6 +13,9 @@ enum class IllustrationKind : std::uint8_t {
   Output,  // staples, holes, order and offset of the printed sheets
 };
 
+// Bytes of an illustration's words; longer ones are set again each time.
+inline constexpr int kMaxSentence = 1023;
+
 // Shows the current selections: to be called after every change and when the page is shown, once
 // its lists show the selections. Reads nothing but the sheet and the lists.
 void ShowIllustration(HWND page, const SheetContext& sheet, IllustrationKind kind);

@@ -16,7 +16,6 @@ namespace zn {
 namespace {
 
 constexpr int kNoImage = I_IMAGENONE;
-constexpr int kMaxSentence = 1023;  // bytes of an illustration's words
 
 }  // namespace
 

@@ -16,6 +16,7 @@ template <class Page, auto... kConstants>
 INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return GuardedOr(INT_PTR{0}, [&] {
     Page page(window, &ThePlugInContext(), kConstants...);
+    // Not an operation of the page: their slots are fixed.
     if (message == WM_SETCURSOR) {
       page.OnMouse(Page::Table());
     }
